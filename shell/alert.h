@@ -1,0 +1,39 @@
+// The one call through which every part reports to the user, and the progress call.
+#pragma once
+#include <cstdint>
+
+enum : int32_t {
+    ALERT_LANGUAGE = 12,  // the language chooser
+    ALERT_ABOUT = 14,     // product lines replace lines 1-3; not logged
+    ALERT_NOTE = 15,      // ordinary alert
+    ALERT_FATAL = 16,     // the program ends after it; never returns
+};
+
+extern int32_t gl_ready;  // 1 once the window and GL are up: alerts are drawn in the window
+
+// Shows four lines modally (logging them to "Error.out" first) and returns once dismissed.
+// An ALERT_FATAL alert ends the program and never returns.
+void MACIBM_alert(int32_t return_screen, const char* line1, const char* line2, const char* line3,
+                  const char* line4, int32_t kind);
+
+// Draws and presents one frame of the progress screen; nothing before a screen exists.
+void MACIBM_progress(const char* message);
+
+// Ends the program after a fatal alert: quit flag, shut-down, exit. Never returns.
+[[noreturn]] void alert_fatal_end();
+
+// ---- front ends ----
+// Shows the lines while gl_ready is 0. Default: the joined text in a system message box.
+using AlertBoxFn = void (*)(const char* const lines[4], int32_t kind);
+// Shows the lines in the window while gl_ready is 1 (installed by the screens).
+using AlertWindowFn = void (*)(int32_t return_screen, const char* const lines[4], int32_t kind);
+using AlertEndFn = void (*)();           // must not return
+using ProgressFn = void (*)(const char* message);
+
+void alert_set_box(AlertBoxFn fn);        // null restores the default
+void alert_set_window(AlertWindowFn fn);
+void alert_set_fatal_end(AlertEndFn fn);  // null restores the default
+void progress_set(ProgressFn fn);
+
+// The default box front end, for tests: the text it shows for four lines.
+void alert_box_text(const char* const lines[4], char* out, int out_size);

@@ -1,0 +1,275 @@
+// A buffered input file with the states of a standard stream, parsing numbers in place.
+#include "util/file_stream.h"
+
+#include <cctype>
+#include <cerrno>
+#include <cmath>
+#include <charconv>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+void fs_open(FileStream* s, const char* path, bool text) {
+    s->file = fopen(path, "rb");
+    s->text = text;
+    s->pos = s->len = 0;
+    s->drained = false;
+    s->state = s->file ? 0 : FS_FAIL;
+    if (s->file) setvbuf(s->file, nullptr, _IONBF, 0);
+}
+
+void fs_close(FileStream* s) {
+    if (!s->file) {
+        s->state |= FS_FAIL;
+        return;
+    }
+    if (fclose(s->file) != 0) s->state |= FS_FAIL;
+    s->file = nullptr;
+    s->pos = s->len = 0;
+    s->drained = true;
+}
+
+// Makes at least `want` bytes visible from pos when the file still has them.
+static void fill(FileStream* s, size_t want) {
+    if (s->len - s->pos >= want || s->drained || !s->file) return;
+    size_t keep = s->len - s->pos;
+    memmove(s->block, s->block + s->pos, keep);
+    s->pos = 0;
+    s->len = keep;
+    while (s->len < FS_BLOCK) {
+        size_t got = fread(s->block + s->len, 1, FS_BLOCK - s->len, s->file);
+        if (got == 0) {
+            if (ferror(s->file)) s->state |= FS_BAD;
+            s->drained = true;
+            break;
+        }
+        s->len += got;
+        if (s->len - s->pos >= want) break;
+    }
+    s->block[s->len] = 0;  // a sentinel that no number can take
+}
+
+// Next character with the text-mode line-end translation, or -1; does not touch state.
+static int take(FileStream* s) {
+    fill(s, 2);
+    if (s->pos >= s->len) return -1;
+    unsigned char c = s->block[s->pos++];
+    if (c == '\r' && s->text && s->pos < s->len && s->block[s->pos] == '\n') {
+        ++s->pos;
+        return '\n';
+    }
+    return c;
+}
+
+int fs_get(FileStream* s) {
+    if (s->state) {
+        s->state |= FS_FAIL;
+        return -1;
+    }
+    int c = take(s);
+    if (c < 0) s->state |= FS_EOF | FS_FAIL;
+    return c;
+}
+
+int fs_peek(FileStream* s) {
+    if (s->state) return -1;
+    fill(s, 2);
+    if (s->pos >= s->len) {
+        s->state |= FS_EOF;
+        return -1;
+    }
+    unsigned char c = s->block[s->pos];
+    if (c == '\r' && s->text && s->pos + 1 < s->len && s->block[s->pos + 1] == '\n') return '\n';
+    return c;
+}
+
+size_t fs_read(FileStream* s, void* dst, size_t count) {
+    if (s->state) {
+        s->state |= FS_FAIL;
+        return 0;
+    }
+    unsigned char* out = (unsigned char*)dst;
+    size_t done = 0;
+    if (s->text) {
+        while (done < count) {
+            int c = take(s);
+            if (c < 0) break;
+            out[done++] = (unsigned char)c;
+        }
+    } else {
+        while (done < count) {
+            fill(s, 1);
+            size_t avail = s->len - s->pos;
+            if (avail == 0) break;
+            size_t n = count - done < avail ? count - done : avail;
+            memcpy(out + done, s->block + s->pos, n);
+            s->pos += n;
+            done += n;
+        }
+    }
+    if (done < count) s->state |= FS_EOF | FS_FAIL;
+    return done;
+}
+
+static bool is_digit(unsigned char c) { return c >= '0' && c <= '9'; }
+
+static bool is_space(int c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
+}
+
+// The sentry of a formatted read: fails on an unclean stream, else skips white space.
+// Returns false (with FS_EOF | FS_FAIL) when the data ends first.
+static bool skip_space(FileStream* s) {
+    if (s->state) {
+        s->state |= FS_FAIL;
+        return false;
+    }
+    for (;;) {
+        fill(s, FS_LOOKAHEAD);
+        while (s->pos < s->len && is_space(s->block[s->pos])) ++s->pos;
+        if (s->pos < s->len) return true;
+        if (s->drained) {
+            s->state |= FS_EOF | FS_FAIL;
+            return false;
+        }
+    }
+}
+
+// The extent of a number starting at p. Grammar of an integer:
+//   [+-] digit*                      (at least one digit, else the read fails)
+// Grammar of a float (the exponent is looked at only after a mantissa digit):
+//   [+-] digit* [. digit*] [(e|E) [+-] digit*]
+// Characters are taken as long as they fit the grammar, even when the whole then fails
+// (as "1e" does), exactly as a standard stream takes them. The block's zero sentinel
+// stops the scan at the end of the buffered bytes.
+static const unsigned char* number_end(const unsigned char* p, bool is_float) {
+    if (*p == '+' || *p == '-') ++p;
+    bool mantissa = false;
+    while (is_digit(*p)) ++p, mantissa = true;
+    if (!is_float) return p;
+    if (*p == '.') {
+        ++p;
+        while (is_digit(*p)) ++p, mantissa = true;
+    }
+    if (mantissa && (*p == 'e' || *p == 'E')) {
+        ++p;
+        if (*p == '+' || *p == '-') ++p;
+        while (is_digit(*p)) ++p;
+    }
+    return p;
+}
+
+// Finds the number at the read position and takes it. Normally it lies inside the
+// buffered window and is used in place; a token that runs to the window's end (longer
+// than the look-ahead) is gathered into `scratch` across refills instead.
+static bool take_number(FileStream* s, bool is_float, char* scratch, size_t cap, const char** b,
+                        const char** e) {
+    const unsigned char* p = s->block + s->pos;
+    const unsigned char* q = number_end(p, is_float);
+    size_t stop = (size_t)(q - s->block);
+    if (stop < s->len || s->drained) {
+        s->pos = stop;
+        if (stop >= s->len) s->state |= FS_EOF;
+        *b = (const char*)p;
+        *e = (const char*)q;
+        return true;
+    }
+    // Rare: gather it piece by piece; the grammar restarts at the known prefix.
+    size_t n = 0;
+    bool overlong = false;
+    for (;;) {
+        while (s->pos < stop) {
+            if (n + 1 < cap) scratch[n++] = (char)s->block[s->pos];
+            else overlong = true;
+            ++s->pos;
+        }
+        fill(s, FS_LOOKAHEAD);
+        if (s->pos >= s->len) {
+            s->state |= FS_EOF;
+            break;
+        }
+        // Continue the scan where it stopped: digits of the part being read.
+        const unsigned char* r = s->block + s->pos;
+        const unsigned char* t = r;
+        while (is_digit(*t) || (is_float && (*t == '.' || *t == 'e' || *t == 'E' || *t == '+' || *t == '-')))
+            ++t;
+        if (t == r) break;
+        stop = (size_t)(t - s->block);
+        if (stop < s->len) {
+            while (s->pos < stop) {
+                if (n + 1 < cap) scratch[n++] = (char)s->block[s->pos];
+                else overlong = true;
+                ++s->pos;
+            }
+            break;
+        }
+    }
+    scratch[n] = 0;
+    // Re-check the gathered text against the grammar; what does not fit fails.
+    const unsigned char* g = (const unsigned char*)scratch;
+    if (number_end(g, is_float) != g + n || overlong) s->state |= FS_FAIL;
+    *b = scratch;
+    *e = scratch + n;
+    return !(s->state & FS_FAIL);
+}
+
+bool fs_read_int(FileStream* s, int32_t* out) {
+    *out = 0;
+    if (!skip_space(s)) return false;
+    char scratch[512];
+    const char *p, *end;
+    if (!take_number(s, false, scratch, sizeof scratch, &p, &end)) return false;
+    bool negative = p < end && *p == '-';
+    if (p < end && *p == '+') ++p;
+    int32_t v = 0;
+    auto r = std::from_chars(p, end, v);
+    if (r.ec == std::errc::result_out_of_range) {
+        s->state |= FS_FAIL;
+        *out = negative ? INT32_MIN : INT32_MAX;
+        return false;
+    }
+    if (p == end || r.ec != std::errc() || r.ptr != end) {
+        s->state |= FS_FAIL;
+        return false;
+    }
+    *out = v;
+    return true;
+}
+
+bool fs_read_float(FileStream* s, float* out) {
+    *out = 0;
+    if (!skip_space(s)) return false;
+    char scratch[512];
+    const char *p, *end;
+    if (!take_number(s, true, scratch, sizeof scratch, &p, &end)) return false;
+    if (p < end && *p == '+') ++p;
+    float v = 0;
+    auto r = std::from_chars(p, end, v);
+    if (p == end || r.ptr != end || (r.ec != std::errc() && r.ec != std::errc::result_out_of_range)) {
+        s->state |= FS_FAIL;
+        return false;
+    }
+    if (r.ec == std::errc::result_out_of_range) {
+        // Too large fails with the largest value; too small is a plain (tiny) number.
+        char text[512];
+        size_t n = (size_t)(end - p) < sizeof text - 1 ? (size_t)(end - p) : sizeof text - 1;
+        memcpy(text, p, n);
+        text[n] = 0;
+        float w = strtof(text, nullptr);
+        if (w == HUGE_VALF || w == -HUGE_VALF) {
+            s->state |= FS_FAIL;
+            *out = w > 0 ? 3.40282347e+38f : -3.40282347e+38f;
+            return false;
+        }
+        v = w;
+    }
+    *out = v;
+    return true;
+}
+
+bool fs_read_char(FileStream* s, char* out) {
+    if (!skip_space(s)) return false;
+    int c = take(s);
+    *out = (char)c;
+    return true;
+}

@@ -1,0 +1,40 @@
+// A buffered input file with the states of a standard stream, parsing numbers in place.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+enum : uint8_t { FS_EOF = 1, FS_FAIL = 2, FS_BAD = 4 };
+
+constexpr size_t FS_BLOCK = 256 * 1024;  // bytes read from the file at a time
+constexpr size_t FS_LOOKAHEAD = 64;      // bytes kept in view while a number is parsed
+
+struct FileStream {
+    FILE* file = nullptr;
+    bool text = false;      // text mode: a CR directly followed by LF arrives as one LF
+    uint8_t state = 0;      // FS_ bits; 0 is clean
+    bool drained = false;   // the file has no more bytes to give
+    size_t pos = 0, len = 0;
+    unsigned char block[FS_BLOCK + 1];
+};
+
+// Opens `path` (platform form); a file that cannot be opened leaves the stream failed.
+void fs_open(FileStream* s, const char* path, bool text);
+// Closes the file; closing a stream with no file sets FS_FAIL, like a failed close.
+void fs_close(FileStream* s);
+inline bool fs_good(const FileStream* s) { return s->state == 0; }
+
+// One character, or -1 at the end of the data (which sets FS_EOF | FS_FAIL). A stream
+// that is not clean fails at once.
+int fs_get(FileStream* s);
+int fs_peek(FileStream* s);  // the next character without taking it; -1 at the end (sets FS_EOF)
+
+// Exactly `count` bytes; fewer at the end of the data sets FS_EOF | FS_FAIL.
+size_t fs_read(FileStream* s, void* dst, size_t count);
+
+// Formatted extraction: leading white space skipped; a number ends at the first character
+// that cannot belong to it, which stays unread. No digits (or a bad exponent) fails.
+bool fs_read_int(FileStream* s, int32_t* out);
+bool fs_read_float(FileStream* s, float* out);
+// One character after skipping white space.
+bool fs_read_char(FileStream* s, char* out);
