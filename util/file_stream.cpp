@@ -213,12 +213,9 @@ static bool take_number(FileStream* s, bool is_float, char* scratch, size_t cap,
     return !(s->state & FS_FAIL);
 }
 
-bool fs_read_int(FileStream* s, int32_t* out) {
-    *out = 0;
-    if (!skip_space(s)) return false;
-    char scratch[512];
-    const char *p, *end;
-    if (!take_number(s, false, scratch, sizeof scratch, &p, &end)) return false;
+// Converts a whole token known to fit the integer grammar; false (and FS_FAIL) when it
+// has no digits or does not fit 32 bits, as a standard stream fails.
+static bool convert_int(FileStream* s, const char* p, const char* end, int32_t* out) {
     bool negative = p < end && *p == '-';
     if (p < end && *p == '+') ++p;
     int32_t v = 0;
@@ -236,12 +233,98 @@ bool fs_read_int(FileStream* s, int32_t* out) {
     return true;
 }
 
+bool fs_read_int(FileStream* s, int32_t* out) {
+    *out = 0;
+    if (!skip_space(s)) return false;
+    // Fast path: a token of at most 18 digits that ends inside the buffered window.
+    const unsigned char* p = s->block + s->pos;
+    const unsigned char* q = p;
+    bool negative = *q == '-';
+    if (*q == '+' || *q == '-') ++q;
+    const unsigned char* digits = q;
+    uint64_t v = 0;
+    while (is_digit(*q) && q - digits < 18) v = v * 10 + (uint64_t)(*q++ - '0');
+    size_t stop = (size_t)(q - s->block);
+    if (!is_digit(*q) && (stop < s->len || s->drained)) {
+        s->pos = stop;
+        if (stop >= s->len) s->state |= FS_EOF;
+        if (q == digits || v > (negative ? 2147483648ull : 2147483647ull)) {
+            s->state |= FS_FAIL;
+            if (q != digits) *out = negative ? INT32_MIN : INT32_MAX;
+            return false;
+        }
+        *out = negative ? (int32_t)(0 - v) : (int32_t)v;
+        return true;
+    }
+    char scratch[512];
+    const char *b, *e;
+    if (!take_number(s, false, scratch, sizeof scratch, &b, &e)) return false;
+    return convert_int(s, b, e, out);
+}
+
+// Exact powers of ten as doubles.
+static const double kPow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// The common short decimal, converted exactly: at most 15 significant digits and a
+// power of ten up to 22 give one correctly rounded double; rounding that to float is
+// then correct unless the double sits exactly on a midpoint between two floats (or
+// the result is not a normal float), which is left to the general conversion.
+static bool quick_float(const char* p, const char* end, float* out) {
+    bool negative = false;
+    if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
+    uint64_t m = 0;
+    int sig = 0, scale = 0;
+    bool any = false;
+    for (; p < end && is_digit((unsigned char)*p); ++p, any = true)
+        if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
+    if (p < end && *p == '.')
+        for (++p; p < end && is_digit((unsigned char)*p); ++p, any = true) {
+            if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
+            --scale;
+        }
+    if (!any || sig > 15) return false;
+    if (p < end) {  // exponent
+        ++p;
+        bool eneg = false;
+        if (p < end && (*p == '+' || *p == '-')) eneg = *p++ == '-';
+        int e = 0, n = 0;
+        for (; p < end && is_digit((unsigned char)*p); ++p, ++n) e = e * 10 + (*p - '0');
+        if (n == 0 || n > 4) return false;
+        scale += eneg ? -e : e;
+    }
+    if (m == 0) {
+        *out = negative ? -0.0f : 0.0f;
+        return true;
+    }
+    if (scale < -22 || scale > 22) return false;
+    double d = scale >= 0 ? (double)m * kPow10[scale] : (double)m / kPow10[-scale];
+    if (d < 1.17549435e-38 || d > 3.40282347e+38) return false;
+    uint64_t bits;
+    memcpy(&bits, &d, sizeof bits);
+    if ((bits & 0x1FFFFFFFull) == 0x10000000ull) return false;
+    *out = negative ? -(float)d : (float)d;
+    return true;
+}
+
 bool fs_read_float(FileStream* s, float* out) {
     *out = 0;
     if (!skip_space(s)) return false;
+    // Fast path: scan and convert in one pass when the token ends inside the window.
+    const unsigned char* p0 = s->block + s->pos;
+    const unsigned char* q = number_end(p0, true);
+    size_t stop = (size_t)(q - s->block);
+    if (stop < s->len || s->drained) {
+        if (quick_float((const char*)p0, (const char*)q, out)) {
+            s->pos = stop;
+            if (stop >= s->len) s->state |= FS_EOF;
+            return true;
+        }
+    }
     char scratch[512];
     const char *p, *end;
     if (!take_number(s, true, scratch, sizeof scratch, &p, &end)) return false;
+    if (quick_float(p, end, out)) return true;
     if (p < end && *p == '+') ++p;
     float v = 0;
     auto r = std::from_chars(p, end, v);

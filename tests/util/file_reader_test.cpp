@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "tests/support/test_files.h"
 #include "util/file_reader.h"
@@ -121,6 +122,16 @@ TEST_F(FileReader, NumbersAsAStreamReadsThem) {
     EXPECT_FALSE(fs_read_float(s, &f));
 }
 
+TEST_F(FileReader, IntegerRangeEdges) {
+    ASSERT_EQ(open("I\n2147483647 -2147483648 000000000000000000000042 2147483648", 0, 0), 1);
+    EXPECT_EQ(fio_read_int("a"), 2147483647);
+    EXPECT_EQ(fio_read_int("b"), -2147483647 - 1);
+    EXPECT_EQ(fio_read_int("c"), 42);  // long runs of leading zeros take the general path
+    int32_t v;
+    EXPECT_FALSE(fs_read_int(fio_stream(), &v));
+    EXPECT_EQ(v, 2147483647);
+}
+
 TEST_F(FileReader, NumberEndingTheDataIsGood) {
     ASSERT_EQ(open("I\n99", 0, 0), 1);
     EXPECT_EQ(fio_read_int("x"), 99);
@@ -185,5 +196,33 @@ TEST(Paths, SuiteFormToPlatform) {
         strcpy(p, r.in);
         path_to_platform(p);
         EXPECT_STREQ(p, r.out);
+    }
+}
+
+// Every float read must equal the standard library's conversion of the same text, on the
+// fast path (short decimals) and the general one (long mantissas, big exponents, tiny values).
+TEST_F(FileReader, FloatsMatchStandardConversion) {
+    std::string text = "I\n";
+    std::vector<std::string> tokens;
+    uint32_t x = 7;
+    auto next = [&] { return x = x * 1103515245u + 12345u; };
+    for (int i = 0; i < 20000; ++i) {
+        std::string t = (next() >> 16) % 3 == 0 ? "-" : "";
+        int int_digits = (int)((next() >> 16) % 12), frac_digits = (int)((next() >> 16) % 12);
+        for (int d = 0; d < int_digits; ++d) t += (char)('0' + (next() >> 16) % 10);
+        if (frac_digits || int_digits == 0) {
+            t += '.';
+            for (int d = 0; d < frac_digits + (int_digits == 0); ++d) t += (char)('0' + (next() >> 16) % 10);
+        }
+        if ((next() >> 16) % 4 == 0) t += "e" + std::to_string((int)((next() >> 16) % 90) - 45);
+        tokens.push_back(t);
+        text += t + ((i % 7) ? " " : "\r\n");
+    }
+    tokens.push_back("0.000000000000000000000000000000000000000000001");  // a tiny value
+    text += tokens.back() + "\n";
+    ASSERT_EQ(open(text, 0, 0), 1);
+    for (auto& t : tokens) {
+        float want = strtof(t.c_str(), nullptr);
+        ASSERT_EQ(fio_read_flt("x"), want) << t;
     }
 }
