@@ -33,9 +33,13 @@ void apt_reset();
 // Position of airport i: its first runway's latitude and longitude (degrees).
 float apt_lat(int32_t i);
 float apt_lon(int32_t i);
+// Straight-line distance in degrees from (lat, lon) to airport i's position, in single precision.
+float apt_distance(int32_t i, float lat, float lon);
 
 // The scan loop over the open apt.dat in the current file slot, until code 99.
-// `path` labels the scan errors of the line-code reads.
+// `path` labels the scan errors of the line-code reads. Both counts start at -1 (start from
+// apt_reset() for a zero-filled table); runway, tower and start lines before the first
+// airport line are read and dropped. Ends by building the code index (airport_index.h).
 void apt_scan(const char* path);
 
 // Line readers; each reads its fields in order with the data-file reader.

@@ -30,3 +30,123 @@ void plat_beep();
 // returns when the user dismisses it. Without a display it writes the text to standard
 // error and returns at once; it never blocks a headless run.
 void plat_message_box(const char* title, const char* text);
+
+// ---- display, window and OpenGL context (platform/sdl; platform/null has no window) ----
+
+// One display mode of the primary display. `fields` names the members the system filled
+// in (PLAT_MODE_*); a mode qualifies for a switch only when all three are named.
+enum : uint32_t { PLAT_MODE_WIDTH = 1, PLAT_MODE_HEIGHT = 2, PLAT_MODE_BITS = 4 };
+struct PlatDisplayMode {
+    uint32_t fields;
+    int32_t width, height;  // pixels
+    int32_t bits;           // colour bits per pixel
+    int32_t refresh_hz;     // 0 when unknown
+};
+
+// Mode number `index` (0, 1, 2, ...) of the primary display in the system's order; false
+// past the last one.
+bool plat_display_mode(int32_t index, PlatDisplayMode* mode);
+// Asks for a temporary switch of the primary display into `mode` (one that
+// plat_display_mode listed). False when the system refuses it. Where modes can only be
+// changed for a full-screen window, the switch is made when the window is created (and
+// that creation fails if the system then refuses it).
+bool plat_display_switch(const PlatDisplayMode* mode);
+// Back to the user's normal mode; nothing when no switch was made.
+void plat_display_restore();
+
+// Creates the hidden, borderless top-level window at (0, 0) of width x height pixels,
+// prepared for a double-buffered RGBA OpenGL context with `colour_bits` colour bits and a
+// depth buffer (32 bits asked for, the nearest the system has accepted); no alpha,
+// stencil or accumulation buffers. Queues the creation message (PLAT_MSG_CREATE). False
+// when it cannot, leaving nothing open.
+bool plat_window_create(int32_t width, int32_t height, int32_t colour_bits);
+// Shows the window and queues a paint message.
+void plat_window_show();
+// Creates the window's OpenGL context (compatibility profile) and makes it current on the
+// calling thread. False when either step fails.
+bool plat_gl_create_context();
+bool plat_gl_make_current();
+// The three steps above in one call, for programs and tests that need a context quickly.
+bool plat_window_open(int32_t width, int32_t height, int32_t colour_bits);
+// Destroys the context and the window (in that order); the display mode is left alone.
+// Safe to call when nothing is open.
+void plat_window_close();
+bool plat_window_is_open();
+void* plat_window_handle();  // opaque; null when there is no window
+// The size of the window's drawable in pixels (0 x 0 when there is none).
+void plat_window_size(int32_t* width, int32_t* height);
+
+// The address of an OpenGL entry point of the current context's library, or null.
+void* plat_gl_proc(const char* name);
+// Presents the back buffer.
+void plat_gl_swap();
+// Asks for `interval` vertical blanks per swap (1: vsync, 0: none). False when refused.
+bool plat_gl_swap_interval(int32_t interval);
+// The depth and colour bits of the current context's framebuffer (0 when unknown).
+void plat_gl_buffer_bits(int32_t* colour_bits, int32_t* depth_bits);
+
+// Waits until at least `interval_us` microseconds have passed since the previous call
+// returned (the first call returns at once). Keeps a polling loop from running faster
+// than it needs to.
+void plat_pace(uint32_t interval_us);
+
+// ---- window messages ----
+// Numbered as the Windows messages they stand for; the window handler treats them alike.
+enum : uint32_t {
+    PLAT_MSG_CREATE = 0x0001,
+    PLAT_MSG_DESTROY = 0x0002,
+    PLAT_MSG_PAINT = 0x000F,      // the window's contents must be redrawn (expose)
+    PLAT_MSG_CLOSE = 0x0010,      // the user asked to close the window
+    PLAT_MSG_KEYDOWN = 0x0100,    // wparam: virtual key (PLAT_VK_* below, letters 'A'..'Z', digits '0'..'9')
+    PLAT_MSG_MOUSEMOVE = 0x0200,  // lparam: x in the low 16 bits, y in the next 16 (window pixels, y down)
+    PLAT_MSG_LBUTTONDOWN = 0x0201,
+    PLAT_MSG_LBUTTONUP = 0x0202,
+    PLAT_MSG_RBUTTONDOWN = 0x0204,
+    PLAT_MSG_RBUTTONUP = 0x0205,
+};
+
+// Virtual-key codes (the Windows values) of the keys that are not letters or digits.
+enum : uint32_t {
+    PLAT_VK_BACK = 0x08, PLAT_VK_TAB = 0x09, PLAT_VK_RETURN = 0x0D, PLAT_VK_SHIFT = 0x10,
+    PLAT_VK_CONTROL = 0x11, PLAT_VK_MENU = 0x12, PLAT_VK_PAUSE = 0x13, PLAT_VK_CAPITAL = 0x14,
+    PLAT_VK_ESCAPE = 0x1B, PLAT_VK_SPACE = 0x20, PLAT_VK_PRIOR = 0x21, PLAT_VK_NEXT = 0x22,
+    PLAT_VK_END = 0x23, PLAT_VK_HOME = 0x24, PLAT_VK_LEFT = 0x25, PLAT_VK_UP = 0x26,
+    PLAT_VK_RIGHT = 0x27, PLAT_VK_DOWN = 0x28, PLAT_VK_INSERT = 0x2D, PLAT_VK_DELETE = 0x2E,
+    PLAT_VK_NUMPAD0 = 0x60,  // .. PLAT_VK_NUMPAD0 + 9
+    PLAT_VK_MULTIPLY = 0x6A, PLAT_VK_ADD = 0x6B, PLAT_VK_SUBTRACT = 0x6D, PLAT_VK_DECIMAL = 0x6E,
+    PLAT_VK_DIVIDE = 0x6F,
+    PLAT_VK_F1 = 0x70,  // .. PLAT_VK_F1 + 11 (F12)
+    PLAT_VK_OEM_1 = 0xBA,       // ;:
+    PLAT_VK_OEM_PLUS = 0xBB,    // =+
+    PLAT_VK_OEM_COMMA = 0xBC,   // ,<
+    PLAT_VK_OEM_MINUS = 0xBD,   // -_
+    PLAT_VK_OEM_PERIOD = 0xBE,  // .>
+    PLAT_VK_OEM_2 = 0xBF,       // /?
+    PLAT_VK_OEM_3 = 0xC0,       // `~
+    PLAT_VK_OEM_4 = 0xDB,       // [{
+    PLAT_VK_OEM_5 = 0xDC,       // \|
+    PLAT_VK_OEM_6 = 0xDD,       // ]}
+    PLAT_VK_OEM_7 = 0xDE,       // '"
+};
+
+// Bits of PlatMessage::held: the modifier keys down when the message was generated.
+enum : uint32_t { PLAT_HELD_SHIFT = 1, PLAT_HELD_CTRL = 2 };
+
+struct PlatMessage {
+    uint32_t message;  // PLAT_MSG_*
+    uintptr_t wparam;
+    intptr_t lparam;
+    uint32_t held;  // PLAT_HELD_* at the moment of the message
+};
+
+// Takes the next pending message of the window (gathering the system's events first);
+// false when none is pending.
+bool plat_peek_message(PlatMessage* msg);
+// Appends a message to the pending ones, behind those already queued (used for the
+// messages the layer makes up itself, and by tests).
+void plat_post_message(const PlatMessage& msg);
+// Drops every pending message and forgets the held keys.
+void plat_reset_messages();
+// Whether PLAT_VK_SHIFT or PLAT_VK_CONTROL was down at the last message taken by
+// plat_peek_message (the key state the message handler sees).
+bool plat_key_held(uint32_t virtual_key);

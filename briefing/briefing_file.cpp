@@ -1,0 +1,39 @@
+// The menu commands of the briefing: about, write the briefing file, quit.
+#include "briefing/briefing_file.h"
+
+#include <initializer_list>
+
+#include "briefing/composer.h"
+#include "briefing/request.h"
+#include "shell/alert.h"
+#include "shell/shutdown.h"
+#include "util/prefs.h"
+
+void brief_put_paragraphs(OutFile* f) {
+    for (const char* p : {brief_req.intro, brief_req.dep_wx, brief_req.enroute_wx, brief_req.dest_wx}) {
+        out_text(f, p);
+        out_text(f, "\n\n");
+    }
+}
+
+int32_t brief_save(const char* path) {
+    out_clear(&fio_out);
+    if (fio_out.file) out_close(&fio_out);
+    out_clear(&fio_out);
+    out_open(&fio_out, path, false);
+    brief_put_paragraphs(&fio_out);
+    out_close(&fio_out);
+    return out_good(&fio_out) ? 1 : 0;
+}
+
+void brief_write_file(int32_t command) {
+    if (command == CMD_ABOUT) MACIBM_alert(0, "", "", "", "", ALERT_ABOUT);
+    if (command == CMD_WRITE_BRIEFING) {
+        MACIBM_alert(0, "I will now create a file called 'Vocalog.txt' with this briefing in it.",
+                     "You may print it for reference during your flight.",
+                     "This is common practice in real aviation.", "", ALERT_NOTE);
+        brief_compose();
+        brief_save("Vocalog.txt");  // a folder that cannot be written keeps the old file, silently
+    }
+    if (command == CMD_QUIT) quit_requested = 1;
+}

@@ -1,0 +1,171 @@
+// Splitting a weather report into its groups and decoding the groups into weather fields.
+#include "briefing/metar_decode.h"
+
+#include <cstring>
+
+#include "util/random.h"
+#include "util/text.h"
+#include "util/units.h"
+
+static char groups[WX_GROUPS][WX_GROUP_SIZE];
+
+int32_t wx_split_groups(const char* line, char out[WX_GROUPS][WX_GROUP_SIZE]) {
+    int32_t g = 0, len = 0;
+    for (const char* p = line; *p; ++p) {
+        if (*p == ' ') {
+            if (len > 0) {  // the character before this blank was not a blank
+                out[g][len] = 0;
+                if (++g == WX_GROUPS) return g;
+                len = 0;
+            }
+            continue;
+        }
+        if (len < WX_GROUP_SIZE - 1) out[g][len++] = *p;
+    }
+    out[g][len] = 0;
+    return g + 1;
+}
+
+// One group with bounded access: positions before 0 or past the end read as the end (0).
+struct Group {
+    const char* s;
+    int32_t len;
+    char at(int32_t i) const { return i >= 0 && i < len ? s[i] : 0; }
+    float digit(int32_t i) const { return (float)digit_value(at(i)); }
+    bool is(const char* text) const { return strcmp(s, text) == 0; }
+    bool ends_with(const char* two) const { return len >= 2 && s[len - 2] == two[0] && s[len - 1] == two[1]; }
+};
+
+// A two-digit extension: value * 10 + digit(i) unless character i is one of `stops` or the end.
+static float extend(const Group& g, float value, int32_t i, const char* stops) {
+    char c = g.at(i);
+    if (c == 0 || strchr(stops, c)) return value;
+    return value * 10.0f + g.digit(i);
+}
+
+static void raise_to(int32_t* value, int32_t at_least) {
+    if (*value < at_least) *value = at_least;
+}
+
+static void present_weather(const Group& g, const WxFields& o) {
+    static const struct {
+        const char* code;
+        int32_t kind, intensity;
+    } codes[] = {{"DZ", 1, 1}, {"RA", 1, 3}, {"SG", 1, 2}, {"SN", 1, 3},
+                 {"GS", 2, 2}, {"GR", 2, 3}, {"SQ", 2, 3}, {"TS", 2, 3}};
+    for (const auto& c : codes) {
+        if (!str_contains(c.code, g.s)) continue;
+        raise_to(o.wx_kind, c.kind);
+        raise_to(o.wx_intensity, c.intensity);
+    }
+}
+
+static void cloud_layer(const Group& g, int32_t k, int32_t kind, const WxFields& o) {
+    o.cloud_kind[k] = kind;
+    float height = (g.digit(3) * 10000.0f + g.digit(4) * 1000.0f + g.digit(5) * 100.0f) * unit_ft_to_m;
+    if (height < o.cloud_base[k]) o.cloud_base[k] = height;
+    float top = o.cloud_base[k] + 304.8f * unit_m_to_ft;
+    if (top > o.cloud_top[k]) o.cloud_top[k] = top;
+    if (o.cloud_base[k] > 3000.0f && o.cloud_kind[k] == 2) o.cloud_kind[k] = 1;
+}
+
+static bool is_d(char c) { return c >= '0' && c <= '9'; }
+
+// Temperature and dewpoint shapes dd/dd, dd/Mdd, Mdd/dd and Mdd/Mdd, nothing else.
+static void temperature_group(const Group& g, const WxFields& o) {
+    int32_t t = g.at(0) == 'M' ? 1 : 0;  // where the temperature digits start
+    if (!is_d(g.at(t)) || !is_d(g.at(t + 1)) || g.at(t + 2) != '/') return;
+    int32_t d = t + 3 + (g.at(t + 3) == 'M' ? 1 : 0);  // where the dewpoint digits start
+    if (!is_d(g.at(d)) || !is_d(g.at(d + 1)) || g.len != d + 2) return;
+    float temp = g.digit(t) * 10.0f + g.digit(t + 1);
+    float dew = g.digit(d) * 10.0f + g.digit(d + 1);
+    *o.temperature = t ? -temp : temp;
+    *o.dewpoint = d == t + 4 ? -dew : dew;
+}
+
+void wx_decode(const char* line, const WxFields& o) {
+    for (int k = 0; k < 2; ++k) {
+        o.cloud_kind[k] = 0;
+        o.cloud_base[k] = 99999.0f * unit_ft_to_m;
+        o.cloud_top[k] = 0.0f;
+    }
+    *o.wx_kind = 0;
+    *o.wx_intensity = 0;
+
+    int32_t count = wx_split_groups(line, groups);
+    int32_t wind_index = -999, vis_index = -999, layers = 0;
+    for (int32_t i = 0; i < count; ++i) {
+        const Group g{groups[i], (int32_t)strlen(groups[i])};
+        bool remarks = g.is("RMK");
+
+        if (g.len == 7 && g.s[6] == 'Z')
+            *o.time = g.digit(2) * 36000.0f + g.digit(3) * 3600.0f + g.digit(4) * 600.0f + g.digit(5) * 60.0f;
+
+        if (g.ends_with("KT")) {
+            if (strncmp(g.s, "VRB", 3) == 0)
+                *o.wind_dir = (float)rand_next() * 360.0f / (float)RAND_TOP;
+            else
+                *o.wind_dir = g.digit(0) * 100.0f + g.digit(1) * 10.0f + g.digit(2);
+            float speed = g.digit(3);
+            speed = extend(g, speed, 4, "GKT");
+            speed = extend(g, speed, 5, "GKT");
+            *o.wind_speed = speed;
+            *o.gust = 0.0f;
+            for (int32_t j = 0; j < g.len; ++j) {
+                if (g.s[j] != 'G') continue;
+                float gust = g.digit(j + 1);
+                gust = extend(g, gust, j + 2, "KT");
+                gust = extend(g, gust, j + 3, "KT");
+                *o.gust = gust - speed;
+            }
+            wind_index = i;
+        }
+
+        if (g.at(0) == 'W' && g.at(1) == 'S' && g.at(5) == '/') {
+            float gust = g.digit(9);
+            gust = extend(g, gust, 10, "KT");
+            gust = extend(g, gust, 11, "KT");
+            *o.gust = gust - *o.wind_speed;
+            wind_index = i;
+        }
+
+        if (g.ends_with("SM")) {
+            float v = g.digit(g.len - 3);
+            if (g.len > 3) v = v + g.digit(g.len - 4) * 10.0f;
+            if (g.at(1) == '/') v = g.digit(0) / g.digit(2);
+            *o.visibility = v * unit_nm_per_sm * unit_nm_to_m;
+            vis_index = i;
+        }
+
+        if (g.is("9999")) {
+            *o.visibility = 10.0f * unit_nm_to_m;
+            vis_index = i;
+        }
+
+        if (i == wind_index + 1 && g.len <= 4 && str_is_int(g.s)) {
+            *o.visibility = (float)str_to_int(g.s);
+            vis_index = i;
+        }
+
+        if (i == vis_index + 1) present_weather(g, o);
+
+        if (layers < 2 && g.len == 6) {
+            int32_t kind = 0;
+            if (strncmp(g.s, "FEW", 3) == 0 || strncmp(g.s, "SCT", 3) == 0) kind = 2;
+            else if (strncmp(g.s, "BKN", 3) == 0) kind = 3;
+            else if (strncmp(g.s, "OVC", 3) == 0) kind = 4;
+            if (kind) cloud_layer(g, layers++, kind, o);
+        }
+
+        if (g.len == 5 && g.s[0] == 'A' && str_is_int(g.s + 1))
+            *o.pressure = g.digit(1) * 10.0f + g.digit(2) + g.digit(3) * 0.1f + g.digit(4) * 0.01f;
+
+        if (g.len == 5 && g.s[0] == 'Q' && str_is_int(g.s + 1))
+            *o.pressure = (g.digit(1) * 1000.0f + g.digit(2) * 100.0f + g.digit(3) * 10.0f + g.digit(4)) *
+                          29.92f / 1013.25f;
+
+        temperature_group(g, o);
+
+        if (remarks) break;
+    }
+}

@@ -1,0 +1,61 @@
+// Loads what a briefing needs: the airport list, the weather source and the aircraft.
+#include "briefing/world.h"
+
+#include "briefing/aircraft.h"
+#include "briefing/airports.h"
+#include "briefing/request.h"
+#include "briefing/weather.h"
+#include "shell/alert.h"
+#include "shell/folders.h"
+#include "util/file_reader.h"
+#include "util/prefs.h"
+#include "util/text.h"
+
+static void scan_airports() {
+    Text path;
+    str_join(folders.path[FOLDER_EARTH_NAV], "apt.dat", path);
+    if (!fio_open(path, 0, 600, 1))
+        MACIBM_alert(0, "I am unable to access a nav or airport data file!", "The path I am looking at is as follows:",
+                     path, "Make sure the file listed above is available in the path listed above!", ALERT_NOTE);
+    apt_table.airport_count = -1;
+    apt_table.runway_count = -1;
+    apt_scan(path);
+    fio_close();
+}
+
+// Whether the weather file opens as a clean text stream; nothing is read from it.
+static bool weather_file_opens() {
+    str_join(folders.path[FOLDER_PROGRAM], "metar.rwx", wx_file_path);
+    FileStream* s = fio_stream();
+    s->state = 0;
+    if (s->file) fs_close(s);
+    s->state = 0;
+    fs_open(s, wx_file_path, true);
+    bool ok = fs_good(s);
+    if (s->file) fs_close(s);
+    s->state = 0;
+    return ok;
+}
+
+int32_t brief_load_world() {
+    brief_req_reset();
+    scan_airports();
+    bool weather = weather_file_opens();
+    str_copy("untitled.acf", brief_req.aircraft_name);
+    if (!weather) {
+        Text path;
+        str_copy(folders.path[FOLDER_SIM_PREFS], path);
+        if (!fio_prefs(PREF_SIM, PREF_READ, path)) {
+            MACIBM_alert(0, "I could not find an Zephyra prefs file or a Metar.rwx weather file!",
+                         "In other words, I have no weather to give you a briefing with!",
+                         "Download the current weather file from the Zephyra home page, or at least run Zephyra "
+                         "once before you request a briefing!",
+                         "", ALERT_FATAL);
+            alert_fatal_end();
+        }
+    }
+    brief_req.altitude = 5000.0f;
+    acf_read(0, brief_req.aircraft_path);
+    brief_req.speed = speed_from_aircraft();
+    return weather ? 1 : 0;
+}

@@ -1,0 +1,35 @@
+# The SDL2 platform layer, the windowed link target and the GL demonstration program.
+find_package(PkgConfig)
+if(PkgConfig_FOUND)
+  pkg_check_modules(SDL2 IMPORTED_TARGET sdl2)
+endif()
+if(NOT SDL2_FOUND)
+  message(STATUS "SDL2 not found: the windowed layer and its programs are not built")
+  return()
+endif()
+
+file(GLOB VOCALOG_SDL_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sdl/*.cpp)
+add_library(vocalog_platform_sdl STATIC ${VOCALOG_POSIX_SOURCES} ${VOCALOG_SDL_SOURCES})
+target_include_directories(vocalog_platform_sdl PUBLIC ${CMAKE_SOURCE_DIR})
+target_link_libraries(vocalog_platform_sdl PUBLIC PkgConfig::SDL2)
+
+# The program's code with the windowed layer. GL entry points come through SDL's look-up,
+# so no GL library is linked; the GL headers are all that is needed.
+add_library(vocalog_gui INTERFACE)
+target_link_libraries(vocalog_gui INTERFACE
+  "$<LINK_GROUP:RESCAN,vocalog_core,vocalog_platform_sdl>" PkgConfig::SDL2)
+
+if(EXISTS ${CMAKE_SOURCE_DIR}/shell/gl_check_main.cpp)
+  add_executable(vocalog-gl-check ${CMAKE_SOURCE_DIR}/shell/gl_check_main.cpp)
+  target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
+endif()
+
+if(VOCALOG_BENCH)
+  find_package(benchmark REQUIRED)
+  file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)
+  foreach(src ${VOCALOG_GL_BENCH_SOURCES})
+    get_filename_component(name ${src} NAME_WE)
+    add_executable(${name} ${src})
+    target_link_libraries(${name} PRIVATE vocalog_gui benchmark::benchmark_main)
+  endforeach()
+endif()

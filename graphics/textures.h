@@ -1,0 +1,33 @@
+// Texture indices, the per-unit bind cache, uploads with their checks, mipmaps and alpha bleeding.
+#pragma once
+#include <GL/gl.h>
+
+#include <cstdint>
+
+constexpr int32_t OGL_TEX_COUNT = 4894;  // indices 0..4893 are the GL texture names themselves
+constexpr int32_t OGL_PIXBUF_SIZE = 4 * 1024 * 1024;
+
+// The one staging buffer for every bitmap and the background image (1024 x 1024 RGBA texels).
+extern uint8_t OGL_pixbuf[OGL_PIXBUF_SIZE];
+// Texture memory per index in bytes, summed over mipmap levels; 0 = never loaded.
+extern int32_t OGL_tex_bytes[OGL_TEX_COUNT];
+// 1 when the driver can clamp textures to the edge (set by the capability checks).
+extern int32_t clamp_ok;
+
+// Binds `index` on texture unit `unit` (1..4) unless the unit already holds it.
+void OGL_bind_tex(int32_t index, int32_t unit);
+// Uploads one mipmap level; `format` is GL_ALPHA, GL_RGB or GL_RGBA.
+void OGL_load_tex(const char* name, int32_t index, int32_t level, GLenum format, int32_t width,
+                  int32_t height, const uint8_t* pixels);
+// Builds and uploads levels 1, 2, ... from level 0 in `pixels`, reducing the picture in place.
+void OGL_mini_me(const char* name, int32_t index, int32_t filter, GLenum format, int32_t width,
+                 int32_t height, uint8_t* pixels);
+// Gives transparent texels of OGL_pixbuf the average colour of their opaque neighbours.
+void OGL_bleed_alpha(int32_t index, int32_t filter, int32_t width, int32_t height,
+                     int32_t bytes_per_texel, int32_t row_length);
+
+int32_t ogl_texel_bytes(GLenum format);  // GL_ALPHA 1, GL_RGB 3, GL_RGBA 4
+// Every index back to never loaded, the bind cache empty, edge clamping off.
+void tex_reset();
+// Forgets what the bind cache holds (for a fresh GL context); the next bind always binds.
+void tex_forget_binds();

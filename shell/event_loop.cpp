@@ -1,0 +1,160 @@
+// The event pass and the window's message handler.
+#include "shell/event_loop.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "graphics/design_space.h"
+#include "graphics/gl_state.h"
+#include "graphics/primitives.h"
+#include "platform/platform.h"
+#include "shell/app_hooks.h"
+#include "shell/gl_caps.h"
+#include "shell/input.h"
+#include "shell/pending_parts.h"
+#include "shell/shutdown.h"
+#include "shell/window.h"
+
+static int32_t window_painted = 0;
+static bool clock_started = false;
+static float clock_t0 = 0.0f;
+static float last_mouse_x = 999.0f, last_mouse_y = 999.0f;
+
+void event_loop_reset() {
+    window_painted = 0;
+    clock_started = false;
+    clock_t0 = 0.0f;
+    last_mouse_x = last_mouse_y = 999.0f;
+}
+
+int32_t event_loop_painted() { return window_painted; }
+
+intptr_t MACIBM_window_proc(void* window, uint32_t message, uintptr_t wparam, intptr_t lparam) {
+    (void)window;
+    switch (message) {
+    case PLAT_MSG_CREATE:
+        window_created = 1;
+        break;
+    case PLAT_MSG_DESTROY:
+        MACIBM_open_screen(SCREEN_MAIN);
+        break;
+    case PLAT_MSG_PAINT:
+        MACIBM_open_screen(cur_screen);  // rebuilds the panel and the background
+        window_painted = 1;
+        break;
+    case PLAT_MSG_CLOSE:  // the window manager's close: an orderly end of the main loop
+        quit_requested = 1;
+        break;
+    case PLAT_MSG_KEYDOWN:
+        MACIBM_keydown((uint32_t)wparam);
+        ShellInput.key_pressed = 1;
+        break;
+    case PLAT_MSG_MOUSEMOVE: {
+        float x = (float)((uint32_t)lparam & 0xFFFF);
+        float y = (float)(((uint32_t)lparam >> 16) & 0xFFFF);
+        ShellInput.mouse_x = x / ui_scale - panel_x - ui_margin_x;
+        ShellInput.mouse_y = (disp_height - y) / ui_scale - panel_y;
+        break;
+    }
+    case PLAT_MSG_LBUTTONDOWN:
+    case PLAT_MSG_RBUTTONDOWN:
+        ShellInput.mouse_clicked = 1;
+        ShellInput.mouse_down = 1;
+        ShellInput.last_activity = ShellInput.elapsed_secs;
+        MACIBM_handleclick(0);
+        break;
+    case PLAT_MSG_LBUTTONUP:
+    case PLAT_MSG_RBUTTONUP:
+        ShellInput.mouse_down = 0;
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+static float clampf(float v, float lo, float hi) {
+    if (v < lo) v = lo;
+    if (v > hi) v = hi;
+    return v;
+}
+
+TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y) {
+    TooltipBox b;
+    b.w = 400.0f;
+    b.h = clampf((float)((int32_t)strlen(text) / 50 * 10 + 20), 60.0f, 200.0f);
+    b.x = clampf(mouse_x - b.w, 10.0f - panel_x, 1014.0f - panel_x - b.w);
+    b.y = clampf(mouse_y, 10.0f - panel_y, 748.0f - panel_y - b.h);
+    return b;
+}
+
+static void pulse_palette(float t) {
+    float a = 0.8f + 0.2f * sinf(10.0f * t);
+    float b = 0.7f + 0.3f * sinf(25.0f * t);
+    float d = 0.6f + 0.4f * sinf(10.0f * t);
+    OGL_set_palette(54, 0.2f * a, a, 0.2f * a);
+    OGL_set_palette(55, 0.2f * b, b, 0.2f * b);
+    OGL_set_palette(56, a, 0.2f * a, 0.2f * a);
+    OGL_set_palette(57, b, 0.2f * b, 0.2f * b);
+    OGL_set_palette(58, d, d, d);
+    OGL_set_palette(59, d, 0.9f * d, 0.5f * d);
+}
+
+// The pointer sprite of the interface sheet: pixels 327..349 across, 337..359 down.
+static void draw_pointer() {
+    const float s1 = 327.0f / 512.0f, s2 = 349.0f / 512.0f;
+    const float t_top = (512.0f - 337.0f) / 512.0f, t_bottom = (512.0f - 359.0f) / 512.0f;
+    float l = ShellInput.mouse_x - 7.0f, r = ShellInput.mouse_x + 15.0f;
+    float b = ShellInput.mouse_y - 18.0f, t = ShellInput.mouse_y + 4.0f;
+    OGL_draw_quad(300, 61, 1.0f, l, b, s1, t_bottom, l, t, s1, t_top, r, t, s2, t_top, r, b, s2, t_bottom,
+                  1, OGL_ALPHA_ON, OGL_BLEND_OFF);
+}
+
+static void draw_tooltip() {
+    TooltipBox box = tooltip_box(ShellInput.help_text, ShellInput.mouse_x, ShellInput.mouse_y);
+    BTN_util_draw_panel(6, box.x - 10.0f, box.y - 10.0f, box.w + 20.0f, box.h + 20.0f, "");
+    OGL_draw_string(66, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, 104);
+}
+
+static void deliver_messages() {
+    PlatMessage msg;
+    while (plat_peek_message(&msg)) MACIBM_window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
+}
+
+static void run_pass() {
+    ShellInput.enter_pressed = 0;
+    ShellInput.mouse_clicked = 0;
+    ShellInput.key_pressed = 0;
+    if (cur_screen == SCREEN_INTRO) cur_screen = SCREEN_MAIN;
+    if (open_menu >= 0) MACIBM_menu_follow_pointer();
+    deliver_messages();
+    if (!window_painted) return;
+
+    if (!clock_started) {
+        clock_t0 = clock_secs();
+        clock_started = true;
+    }
+    ShellInput.elapsed_secs = clock_secs() - clock_t0;
+
+    if (fabsf(ShellInput.mouse_x - last_mouse_x) > 0.5f || fabsf(ShellInput.mouse_y - last_mouse_y) > 0.5f)
+        ShellInput.last_activity = ShellInput.elapsed_secs;
+    last_mouse_x = ShellInput.mouse_x;
+    last_mouse_y = ShellInput.mouse_y;
+
+    ShellInput.help_text[0] = 0;
+    pulse_palette(ShellInput.elapsed_secs);
+
+    if (cur_screen < 996 || cur_screen > 999) {
+        OGL_draw_background();
+        app_draw();
+    }
+    if (cur_screen == SCREEN_MAIN || open_menu >= 0) MACIBM_draw_menus();
+    if (sw_cursor) draw_pointer();
+    if (ShellInput.help_text[0] && ShellInput.elapsed_secs - ShellInput.last_activity > 1.0f) draw_tooltip();
+    OGL_swap_buffers();
+}
+
+void MACIBM_event_pass() {
+    run_pass();
+    plat_pace(PASS_MIN_INTERVAL_US);
+}

@@ -1,0 +1,86 @@
+// The display-mode switch, the window and its context, the graphics failure and the release.
+#include "shell/window.h"
+
+#include <cstdio>
+
+#include "graphics/gl_state.h"
+#include "graphics/qgl.h"
+#include "platform/platform.h"
+#include "shell/alert.h"
+#include "shell/event_loop.h"
+#include "shell/folders.h"
+#include "shell/shutdown.h"
+#include "util/prefs.h"
+#include "util/text.h"
+
+int32_t window_created = 0;
+
+void window_reset() { window_created = 0; }
+
+int32_t MACIBM_set_fullscreen(int32_t on) {
+    if (full_screen == 0) return 1;
+    if (on == 0) {
+        plat_display_restore();
+        return 1;
+    }
+    shutdown_add_step(window_release);
+    const uint32_t needed = PLAT_MODE_WIDTH | PLAT_MODE_HEIGHT | PLAT_MODE_BITS;
+    PlatDisplayMode mode{};
+    for (int32_t i = 0; plat_display_mode(i, &mode); ++i) {
+        if ((mode.fields & needed) != needed) continue;
+        if ((float)mode.width != disp_width || (float)mode.height != disp_height || (float)mode.bits != disp_bits)
+            continue;
+        return plat_display_switch(&mode) ? 1 : 0;  // the first qualifying mode only
+    }
+    return 1;
+}
+
+static int32_t swap_frame() {
+    plat_gl_swap();
+    return 1;
+}
+
+int32_t MACIBM_open_window() {
+    if (!plat_window_create((int32_t)disp_width, (int32_t)disp_height, (int32_t)disp_bits & 0xFF)) return 0;
+    shutdown_add_step(window_release);
+    PlatMessage msg;
+    while (window_created == 0 && plat_peek_message(&msg))
+        MACIBM_window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
+    if (window_created == 0) return 0;
+    plat_window_show();
+    if (!plat_gl_create_context()) return 0;
+    if (qgl_load(plat_gl_proc) != 0) {
+        for (int i = 0; qgl_missing(i); ++i) fprintf(stderr, "OpenGL entry point missing: %s\n", qgl_missing(i));
+        return 0;
+    }
+    plat_gl_swap_interval(1);  // where refused, the event pass keeps its own pace
+    OGL_set_swap(swap_frame);
+    return 1;
+}
+
+void window_release() {
+    MACIBM_set_fullscreen(0);
+    OGL_set_swap(nullptr);
+    plat_window_close();
+}
+
+void MACIBM_graphics_failure() {
+    Text path;
+    str_copy(folders.path[FOLDER_LANG_RES_PREFS], path);
+    fio_save(path, PREF_TYPE, -999);
+    out_close(&fio_out);
+    // The shut-down must not write the preferences over the reset file: only the display
+    // and window release stays.
+    shutdown_reset();
+    shutdown_add_step(window_release);
+    MACIBM_alert(0,
+                 "I could not set up the graphics for Zephyra! I hope your monitor is at 1024x768 or higher! It must "
+                 "be!",
+                 "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
+                 "resolution in Zephyra!",
+                 "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
+                 "If you reset the resolution, you can try launching Zephyra again, since I am resetting Zephyra to "
+                 "default resolution now.",
+                 ALERT_FATAL);
+    alert_fatal_end();  // not reached: the fatal alert ends the program
+}

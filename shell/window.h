@@ -1,0 +1,24 @@
+// The display mode, the borderless window with its OpenGL context, and their release.
+#pragma once
+#include <cstdint>
+
+extern int32_t window_created;  // set by the window's creation message
+
+// on 1: switch the display into a mode of exactly disp_width x disp_height x disp_bits
+// (when full_screen is 1 and the display lists one); on 0: back to the normal mode.
+// 0 only when a matching mode was refused.
+int32_t MACIBM_set_fullscreen(int32_t on);
+
+// The window at (0, 0) of disp_width x disp_height pixels, a current double-buffered
+// context with the GL table filled, vsync asked for, and the frame swap installed.
+// 1 when all of it exists.
+int32_t MACIBM_open_window();
+
+// The failure of either call above: the language-and-resolution file is rewritten as a bare
+// header of version -999 (so the next start keeps the defaults), then the fatal alert.
+[[noreturn]] void MACIBM_graphics_failure();
+
+// The shut-down step: normal display mode, then the context and the window destroyed.
+void window_release();
+
+void window_reset();  // window_created back to 0

@@ -1,0 +1,26 @@
+# Tests that need the windowed layer: tests/platform and tests/gl, linked with vocalog_gui.
+# Without a display SDL picks its offscreen driver, so a real Mesa context exists headless.
+if(NOT TARGET vocalog_gui)
+  return()
+endif()
+
+
+function(vocalog_gui_test_dir dir)
+  file(GLOB srcs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/*.cpp)
+  if(NOT srcs)
+    return()
+  endif()
+  # The support files minus the windowless layer, which vocalog_gui replaces.
+  # LeakSanitizer is off in these executables only (gui_support/asan_options.cpp): Mesa and
+  # SDL keep a few allocations for the life of the process.
+  add_executable(test_${dir} ${srcs} ${VOCALOG_TEST_SUPPORT}
+    ${CMAKE_CURRENT_SOURCE_DIR}/gui_support/asan_options.cpp)
+  target_link_libraries(test_${dir} PRIVATE vocalog_test_main vocalog_gui GTest::gtest)
+  gtest_discover_tests(test_${dir}
+    WORKING_DIRECTORY ${VOCALOG_TEST_HOME}
+    DISCOVERY_TIMEOUT 60
+    DISCOVERY_MODE PRE_TEST)
+endfunction()
+
+vocalog_gui_test_dir(platform)
+vocalog_gui_test_dir(gl)
