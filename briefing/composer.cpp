@@ -76,14 +76,14 @@ static void compose_intro(float report_secs) {
         double dlat = (double)apt_lat(dep) - apt_lat(dest);
         double d = std::sqrt(dlon * dlon + dlat * dlat);
         double t = d * 60.0 / q.speed + 0.6;
-        int32_t hours = cut_to_int(t);
+        double hours = std::trunc(t);  // kept as a double: the carry cannot overflow
         int32_t tenths = cut_to_int(round_half_away((t - hours) * 10.0));
         if (tenths == 10) {
-            hours += 1;
+            hours += 1.0;
             tenths = 0;
         }
         str_append(q.intro, "estimating ");
-        append_int(q.intro, hours, 0);
+        append_int(q.intro, cut_to_int(hours), 0);
         str_append(q.intro, ".");
         append_int(q.intro, tenths, 0);
         str_append(q.intro, " hours enroute at ");

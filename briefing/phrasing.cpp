@@ -13,13 +13,6 @@
 
 double round_half_away(double v) { return std::trunc(v >= 0.0 ? v + 0.5 : v - 0.5); }
 
-int32_t cut_to_int(double v) {
-    if (!(v == v)) return 0;  // not a number
-    if (v >= 2147483647.0) return INT32_MAX;
-    if (v <= -2147483648.0) return INT32_MIN;
-    return (int32_t)v;
-}
-
 static void append_int(char* paragraph, int32_t v) {
     char buf[16];
     int_to_str(v, buf, 0);
@@ -43,7 +36,7 @@ static void phrase_sky(char* p) {
     for (int k = 0; k < 2; ++k) {
         if (w.cloud_kind[k] == 0) continue;
         double feet = round_half_away(w.cloud_base[k] * unit_m_to_ft / 100.0f) * 100.0;
-        if (feet < 0.0) feet = 0.0;
+        if (!(feet >= 0.0)) feet = 0.0;  // also a base that is not a number
         if (feet > 9900000000.0) feet = 9900000000.0;
         append_whole(p, feet);
         switch (w.cloud_kind[k]) {

@@ -6,9 +6,6 @@
 // zero. The result is a whole number (kept as a double: some callers exceed 32 bits).
 double round_half_away(double v);
 
-// A value cut toward zero to a 32-bit integer, held within the integer's range.
-int32_t cut_to_int(double v);
-
 enum : int32_t { PLACE_DEPARTURE = 0, PLACE_MIDPOINT = 1, PLACE_DESTINATION = 2 };
 
 // Looks up the weather nearest to (lat, lon) and appends the paragraph's sentences to

@@ -11,10 +11,6 @@ function(vocalog_tools_test_deps)
     foreach(gen IN LISTS VOCALOG_GENERATORS)
       add_dependencies(test_tools vocalog-gen-${gen})
     endforeach()
-    # Where the tests find the generators, the bundled sample world and the shared real-world
-    # data when the test environment does not name them.
-    target_compile_definitions(test_tools PRIVATE
-      VOCALOG_TOOLS_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VOCALOG_TOOLS_BINARY_DIR="${CMAKE_BINARY_DIR}")
   endif()
 endfunction()
 cmake_language(DEFER DIRECTORY ${CMAKE_SOURCE_DIR} CALL vocalog_tools_test_deps)

@@ -15,6 +15,7 @@ float OGL_tint[3] = {1.0f, 1.0f, 1.0f};
 int32_t gl_tex_units = 1;
 int32_t bg_compose = 0;
 uint8_t compose_rgb[3];
+int32_t OGL_pulse_drawn = 0;
 
 static OglSwapFn swap_fn = nullptr;
 
@@ -24,6 +25,7 @@ void gl_state_reset() {
     gl_tex_units = 1;
     bg_compose = 0;
     memset(compose_rgb, 0, sizeof compose_rgb);
+    OGL_pulse_drawn = 0;
 }
 
 void OGL_set_palette(int32_t index, float red, float green, float blue) {
@@ -42,6 +44,7 @@ void OGL_set_color(int32_t index, float alpha) {
         for (int i = 0; i < 3; ++i) compose_rgb[i] = (uint8_t)ogl_round(c[i] * 255.0f);
         return;
     }
+    if (index >= OGL_PULSE_FIRST && index <= OGL_PULSE_LAST) OGL_pulse_drawn = 1;
     float rgb[3] = {c[0], c[1], c[2]};
     if (index < 49)
         for (int i = 0; i < 3; ++i) rgb[i] *= OGL_tint[i];
@@ -64,10 +67,11 @@ static void select_unit(int32_t k) {  // k = 1..4
     if (qglActiveTextureARB) qglActiveTextureARB(GL_TEXTURE0_ARB + (GLenum)(k - 1));
 }
 
-// One capability: switched only when its current code is not the requested one.
+// One capability: read back as its on or off code and switched only when that code is not
+// the requested one (a request other than the on code means off).
 static void switch_cap(GLenum cap, int32_t on_code, int32_t requested, bool with_light0) {
     int32_t current = qglIsEnabled(cap) ? on_code : on_code + 1;
-    if (current == requested || (current != on_code && requested != on_code)) return;
+    if (current == requested) return;
     if (requested == on_code) {
         qglEnable(cap);
         if (with_light0) qglEnable(GL_LIGHT0);

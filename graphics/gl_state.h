@@ -19,6 +19,10 @@ extern float OGL_tint[3];                       // multiplies palette entries 0.
 extern int32_t gl_tex_units;  // texture units the last state switch enabled
 extern int32_t bg_compose;    // 1: colours are recorded and lines/rectangles go to the background image
 extern uint8_t compose_rgb[3];
+// Palette entries that the event loop changes every pass (pulsing colours), and whether one
+// has been drawn with since the loop last cleared the flag: such a frame is animated.
+constexpr int32_t OGL_PULSE_FIRST = 54, OGL_PULSE_LAST = 59;
+extern int32_t OGL_pulse_drawn;
 
 // Brings GL to the given state, issuing enables and disables only where it differs.
 void OGL_set_state(int32_t fog, int32_t tex_units, int32_t lighting, int32_t alpha_test,

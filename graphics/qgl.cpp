@@ -11,18 +11,8 @@ void(APIENTRY* qglActiveTextureARB)(GLenum unit) = nullptr;
 static constexpr int QGL_N = 0 QGL_FUNCS(QGL_COUNT_ONE);
 #undef QGL_COUNT_ONE
 
-static const char* const qgl_names[QGL_N] = {
-#define QGL_NAME(ret, name, params, args) #name,
-    QGL_FUNCS(QGL_NAME)
-#undef QGL_NAME
-};
-
 static const char* missing[QGL_N];
 static int missing_count = 0;
-
-int qgl_count() { return QGL_N; }
-
-const char* qgl_name(int i) { return i >= 0 && i < QGL_N ? qgl_names[i] : nullptr; }
 
 const char* qgl_missing(int i) { return i >= 0 && i < missing_count ? missing[i] : nullptr; }
 

@@ -148,7 +148,3 @@ const char* qgl_missing(int i);
 void qgl_load_multitexture(QglGetProc get);
 // Empties the table (every entry null, the multitexture entry too).
 void qgl_reset();
-// The number of entries in the table (not counting the multitexture entry).
-int qgl_count();
-// The GL name of entry i (0-based), or null past the end.
-const char* qgl_name(int i);

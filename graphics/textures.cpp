@@ -49,11 +49,12 @@ void OGL_bind_tex(int32_t index, int32_t unit) {
     if (OGL_tex_bytes[index] == 0) fatal("Trying to bind an un-inited tex!", "", "", "");
     if (bound_cache[unit - 1] == index) return;
     bound_cache[unit - 1] = index;
-    if (gl_tex_units == 1 || unit == 1 || !qglActiveTextureARB) {
+    if (gl_tex_units == 1 || !qglActiveTextureARB) {
         qglBindTexture(GL_TEXTURE_2D, (GLuint)index);
         return;
     }
-    qglActiveTextureARB(GL_TEXTURE0_ARB + (GLenum)(unit - 1));
+    // Unit 1 is the active unit already; any other is selected for the bind and left again.
+    if (unit > 1) qglActiveTextureARB(GL_TEXTURE0_ARB + (GLenum)(unit - 1));
     qglBindTexture(GL_TEXTURE_2D, (GLuint)index);
     qglActiveTextureARB(GL_TEXTURE0_ARB);
 }

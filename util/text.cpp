@@ -124,8 +124,15 @@ void char_upper(char* p) {
 
 float clock_secs() { return (float)((double)plat_ticks_ms() / 1000.0); }
 
+int32_t cut_to_int(double v) {
+    if (!(v == v)) return 0;  // not a number
+    if (v >= 2147483647.0) return INT32_MAX;
+    if (v <= -2147483648.0) return INT32_MIN;
+    return (int32_t)v;
+}
+
 void secs_to_hm(float seconds, int32_t* hours_out, int32_t* minutes_out) {
-    int32_t total = (int32_t)seconds;
+    int32_t total = cut_to_int(seconds);
     *hours_out = total / 3600;
     *minutes_out = total / 60 - *hours_out * 60;
 }

@@ -27,5 +27,9 @@ void char_upper(char* p);
 float clock_secs();
 void secs_to_hm(float seconds, int32_t* hours_out, int32_t* minutes_out);
 
+// A value cut toward zero to a 32-bit integer, held within the integer's range (0 for a
+// value that is not a number), so a damaged file's number never overflows a conversion.
+int32_t cut_to_int(double v);
+
 // Rewrites a line of decimal glyph numbers as two-byte glyph codes, in place.
 char* str_nums_to_glyphs(char* line);

@@ -1,4 +1,4 @@
-// Idle cost of the event loop: passes with nothing to do on a real context, measured as the
+// Cost of the event loop on a real context, idle and with the pointer moving, measured as the
 // process's CPU time (Mesa's rendering threads included) over wall-clock time.
 #include <benchmark/benchmark.h>
 
@@ -43,18 +43,14 @@ static bool open_shell() {
     return true;
 }
 
-static void BM_IdleEventLoop(benchmark::State& state) {
-    if (!open_shell()) {
-        state.SkipWithError("no window or OpenGL context");
-        return;
-    }
-    // Argument: the screen. The main screen draws the whole background each pass; on the
-    // alert screen (996) the pass skips it and draws only the pointer before the swap.
-    cur_screen = (int32_t)state.range(0);
-    for (int i = 0; i < 10; ++i) MACIBM_event_pass();  // the paint message, first frames
+// CPU share of the process (Mesa's rendering threads included) over `passes` passes, with
+// `input` called before each pass.
+template <class Input>
+static void measure_passes(benchmark::State& state, Input input) {
     double cpu0 = seconds(CLOCK_PROCESS_CPUTIME_ID), wall0 = seconds(CLOCK_MONOTONIC);
     int64_t passes = 0;
     for (auto _ : state) {
+        input(passes);
         MACIBM_event_pass();
         ++passes;
     }
@@ -62,5 +58,36 @@ static void BM_IdleEventLoop(benchmark::State& state) {
     state.counters["cpu_share_pct"] = 100.0 * cpu / wall;
     state.counters["passes_per_s"] = (double)passes / wall;
 }
-// About three seconds of passes at the loop's pace.
-BENCHMARK(BM_IdleEventLoop)->Arg(SCREEN_MAIN)->Arg(SCREEN_ALERT)->Iterations(360)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Argument: the screen. The main screen draws the whole background each pass; on the
+// alert screen (996) the pass skips it and draws only the pointer before the swap.
+static bool settle(benchmark::State& state) {
+    if (!open_shell()) {
+        state.SkipWithError("no window or OpenGL context");
+        return false;
+    }
+    cur_screen = (int32_t)state.range(0);
+    for (int i = 0; i < 10; ++i) MACIBM_event_pass();  // the paint message, first frames
+    return true;
+}
+
+// Nothing to do: no window message for longer than the idle threshold.
+static void BM_IdleEventLoop(benchmark::State& state) {
+    if (!settle(state)) return;
+    double until = seconds(CLOCK_MONOTONIC) + PASS_IDLE_AFTER_SECS + 0.2;
+    while (seconds(CLOCK_MONOTONIC) < until) MACIBM_event_pass();
+    measure_passes(state, [](int64_t) {});
+}
+// Four seconds of idle passes.
+BENCHMARK(BM_IdleEventLoop)->Arg(SCREEN_MAIN)->Arg(SCREEN_ALERT)->Iterations(16)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The pointer moving: a mouse-move message before every pass keeps the loop at full pace.
+static void BM_PointerMovingEventLoop(benchmark::State& state) {
+    if (!settle(state)) return;
+    measure_passes(state, [](int64_t n) {
+        uint32_t x = 200 + (uint32_t)(n % 2) * 10, y = 300;
+        plat_post_message(PlatMessage{PLAT_MSG_MOUSEMOVE, 0, (intptr_t)(y << 16 | x), 0});
+    });
+}
+// About two seconds of passes at the loop's full pace.
+BENCHMARK(BM_PointerMovingEventLoop)->Arg(SCREEN_MAIN)->Arg(SCREEN_ALERT)->Iterations(240)->Unit(benchmark::kMillisecond)->UseRealTime();

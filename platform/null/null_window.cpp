@@ -21,5 +21,9 @@ void plat_gl_swap() {}
 bool plat_gl_swap_interval(int32_t) { return false; }
 void plat_gl_buffer_bits(int32_t* colour_bits, int32_t* depth_bits) { *colour_bits = *depth_bits = 0; }
 
-// Only messages posted by the program itself (tests) are ever pending.
+// Only messages posted by the program itself (tests) are ever pending, never while it sleeps.
 void plat_gather_events() {}
+bool plat_wait_events(int64_t us) {
+    plat_sleep_us(us);
+    return false;
+}

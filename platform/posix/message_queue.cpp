@@ -34,6 +34,8 @@ bool plat_peek_message(PlatMessage* msg) {
     return true;
 }
 
+bool plat_wait_input(int64_t us) { return queue_count > 0 || plat_wait_events(us); }
+
 void plat_reset_messages() {
     queue_head = queue_count = 0;
     held_now = 0;

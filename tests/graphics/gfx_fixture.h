@@ -11,6 +11,8 @@
 #include "tests/support/gl_recorder.h"
 #include "tests/support/test_files.h"
 
+using testing::ElementsAre;
+
 class Gfx : public testing::Test {
 protected:
     GlRecorder& gl = gl_recorder_install();
@@ -19,9 +21,7 @@ protected:
         OGL_default_palette();
         tex_reset();
         design_space_reset();
-        bg_compose = 0;
-        qglPixelStorei(GL_UNPACK_ALIGNMENT, 1);  // as the start-up default state sets it
-        qglEnable(GL_TEXTURE_2D);  // a fresh context as the state switch knows it: 1 unit on
+        qglEnable(GL_TEXTURE_2D);  // one unit on, as gl_tex_units says
         gl.clear_log();
     }
     // Marks `index` as loaded so that binding it passes the checks.

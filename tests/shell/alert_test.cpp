@@ -1,4 +1,4 @@
-// Alerts: the log, the message-box text, the kinds and the fatal end.
+// Alerts: the log, the message box or the window, the kinds, the fatal end.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,81 +10,48 @@
 #include "shell/shutdown.h"
 #include "tests/support/test_files.h"
 
+using testing::ExitedWithCode;
 using testing::HasSubstr;
+using S = std::string;
 
-static std::string shown;
-static void record_box(const char* const lines[4], int32_t) {
+static S shown;  // where the last alert went ('b' box, 'w' window) and its text
+static void show(const char* const lines[4], char where) {
     char text[2100];
     alert_box_text(lines, text, sizeof text);
-    shown = text;
+    shown = where + S(text);
 }
 
-class Alert : public testing::Test {
-  protected:
-    void SetUp() override {
-        dir = test_temp_dir();
-        MACIBM_log_open((dir + "Error.out").c_str());
-        alert_set_box(record_box);
-        shown.clear();
-    }
-    void TearDown() override {
-        alert_set_box(nullptr);
-        MACIBM_log_close();
-    }
-    std::string log() { return test_read_file(dir + "Error.out"); }
-    std::string dir;
-};
-
-TEST_F(Alert, NoteIsLoggedAndShownJoined) {
+TEST(Alert, KindsLogAndWhereTheyAreShown) {
+    S dir = test_temp_dir();
+    MACIBM_log_open((dir + "Error.out").c_str());
+    alert_set_box([](const char* const lines[4], int32_t) { show(lines, 'b'); });
+    alert_set_window([](int32_t, const char* const lines[4], int32_t) { show(lines, 'w'); });
     MACIBM_alert(0, "A", "", "", "B", ALERT_NOTE);
-    EXPECT_EQ(shown, "A\n\n\n\n\n\nB");
-    EXPECT_EQ(log(), "A\n\n\nB\n");
+    EXPECT_EQ(shown, "bA\n\n\n\n\n\nB");  // before GL is up: the message box
+    MACIBM_alert(0, "x", "y", "z", "w", ALERT_ABOUT);  // three fixed lines, not logged
+    EXPECT_THAT(shown, testing::AllOf(testing::StartsWith("bVocalog"), testing::EndsWith("\n\nw")));
+    gl_ready = 1;
+    MACIBM_alert(0, S(700, 'k').c_str(), "", "", "", 13);  // lines are cut to 499 characters
+    gl_ready = 0;
+    EXPECT_EQ(shown, "w" + S(499, 'k') + "\n\n\n\n\n\n");
+    MACIBM_log_close();
+    EXPECT_EQ(test_read_file(dir + "Error.out"), "A\n\n\nB\n" + S(499, 'k') + "\n\n\n\n");
+    alert_set_box(nullptr);
+    alert_set_window(nullptr);
 }
 
-TEST_F(Alert, AboutReplacesThreeLinesAndIsNotLogged) {
-    MACIBM_alert(0, "x", "y", "z", "w", ALERT_ABOUT);
-    EXPECT_THAT(shown, HasSubstr("Vocalog"));
-    EXPECT_THAT(shown, testing::EndsWith("\n\nw"));
-    EXPECT_EQ(log(), "");
-}
-
-TEST_F(Alert, LongLinesAreCutTo499) {
-    std::string l(700, 'k');
-    MACIBM_alert(0, l.c_str(), "", "", "", ALERT_NOTE);
-    EXPECT_EQ(log(), std::string(499, 'k') + "\n\n\n\n");
-}
-
-TEST(Progress, NothingBeforeAScreen) {
-    MACIBM_progress("Scanning airports.");  // no hook: draws nothing, returns
-    static std::string seen;
-    progress_set([](const char* m) { seen = m; });
-    MACIBM_progress("Scanning airports.");
-    progress_set(nullptr);
-    EXPECT_EQ(seen, "Scanning airports.");
-}
-
-static int steps_run = 0;
-TEST(AlertDeathTest, FatalRunsShutdownAndExitsZero) {
-    std::string dir = test_temp_dir();
+TEST(AlertDeathTest, FatalShowsTheBoxRunsTheShutDownAndExitsZero) {
+    S dir = test_temp_dir();
     EXPECT_EXIT(
         {
             MACIBM_log_open((dir + "Error.out").c_str());
-            shutdown_add_step([] {
-                ++steps_run;
-                fprintf(stderr, "shutdown step ran, quit=%d\n", quit_requested);
-            });
+            shutdown_add_step([] { fprintf(stderr, "shut down with quit %d\n", quit_requested); });
             MACIBM_alert(0, "A", "", "", "B", ALERT_FATAL);
             fprintf(stderr, "returned\n");
         },
-        testing::ExitedWithCode(0), HasSubstr("A\n\n\n\n\n\nB\nshutdown step ran, quit=1\n"));
+        ExitedWithCode(0), HasSubstr("A\n\n\n\n\n\nB\nshut down with quit 1\n"));
     EXPECT_EQ(test_read_file(dir + "Error.out"), "A\n\n\nB\n");
-}
-
-TEST(AlertDeathTest, FrontEndCanEndDifferently) {
-    EXPECT_EXIT(
-        {
-            alert_set_fatal_end([] { _exit(1); });
-            MACIBM_alert(0, "x", "", "", "", ALERT_FATAL);
-        },
-        testing::ExitedWithCode(1), HasSubstr("x\n"));
+    // A front end without a window ends its own way.
+    EXPECT_EXIT((alert_set_fatal_end([] { _exit(1); }), MACIBM_alert(0, "x", "", "", "", ALERT_FATAL)),
+                ExitedWithCode(1), HasSubstr("x\n"));
 }

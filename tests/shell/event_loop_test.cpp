@@ -1,11 +1,14 @@
-// The event pass and the message handler: pointer mapping, buttons, clock, tooltip, drawing.
+// The event pass and the message handler: pointer mapping, buttons, drawing, clock, tooltip.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
+#include "graphics/textures.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
@@ -15,184 +18,115 @@
 #include "shell/shutdown.h"
 #include "tests/support/gl_recorder.h"
 
-namespace {
-
-int draws = 0;
-void count_draw() { ++draws; }
-
-intptr_t xy(int x, int y) { return (intptr_t)(((uint32_t)y << 16) | (uint32_t)x); }
-
-void post(uint32_t message, intptr_t lparam = 0, uintptr_t wparam = 0) {
-    plat_post_message(PlatMessage{message, wparam, lparam, 0});
-}
+using P = std::pair<float, float>;
+static int draws = 0, swaps = 0;
+static intptr_t xy(int x, int y) { return (intptr_t)(((uint32_t)y << 16) | (uint32_t)x); }
 
 class Loop : public testing::Test {
   protected:
     void SetUp() override {
         gl_recorder_install();
-        gl_state_reset();
-        design_space_reset();
-        input_reset();
-        event_loop_reset();
-        gl_caps_reset();
+        gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), event_loop_reset(), gl_caps_reset();
+        for (int32_t t : {300, 311, 312, 313, 314, 315, 316, 317, 318, 319, 320, 321, 322}) OGL_tex_bytes[t] = 1;
         plat_reset_messages();
-        cur_screen = SCREEN_MAIN;
-        open_menu = -1;
-        quit_requested = 0;
-        draws = 0;
-        app_set_hooks(count_draw, nullptr, nullptr);
+        cur_screen = SCREEN_MAIN, open_menu = -1, quit_requested = draws = swaps = 0;
+        app_set_hooks([] { ++draws; }, nullptr, nullptr);
+        OGL_set_swap([]() -> int32_t { return ++swaps; });
     }
-    void TearDown() override { app_set_hooks(nullptr, nullptr, nullptr); }
-    void paint() {
-        post(PLAT_MSG_PAINT);
+    void TearDown() override { app_set_hooks(nullptr, nullptr, nullptr), OGL_set_swap(nullptr); }
+    // One pass, after `message` (if any) has been queued.
+    void pass(uint32_t message = 0, intptr_t lparam = 0) {
+        if (message) plat_post_message(PlatMessage{message, 0, lparam, 0});
         MACIBM_event_pass();
     }
+    P clicked_down() { return P(ShellInput.mouse_clicked, ShellInput.mouse_down); }
 };
 
 TEST_F(Loop, PointerInDesignUnitsForOtherWindowSizes) {
-    struct Row {
-        float w, h;
-        int px, py;
-        float panel_x, panel_y;
-        float mouse_x, mouse_y, scale, margin_x, margin_y;
-    } rows[] = {
-        {1024, 768, 0, 0, 0, 0, 0, 768, 1, 0, 0},
-        {1024, 768, 100, 700, 312, 274, 100 - 312, 68 - 274, 1, 0, 0},
-        {1280, 1024, 0, 1023, 0, 0, 0, 0.8f, 1.25f, 0, 51.2f},
-        {1536, 768, 256, 0, 0, 0, 0, 768, 1, 256, 0},
-        {1536, 768, 0, 0, 0, 0, -256, 768, 1, 256, 0},  // in the left margin
-        {800, 600, 400, 300, 0, 0, 512, 384, 0.78125f, 0, 0},
-    };
-    for (const Row& r : rows) {
-        disp_width = r.w;
-        disp_height = r.h;
+    struct { float w, h; int px, py; float panel_x, panel_y, mouse_x, mouse_y, scale, margin_x, margin_y; } rows[] = {
+        {1024, 768, 0, 0, 0, 0, 0, 768, 1, 0, 0},              {1024, 768, 100, 700, 312, 274, -212, -206, 1, 0, 0},
+        {1280, 1024, 0, 1023, 0, 0, 0, 0.8f, 1.25f, 0, 51.2f}, {1536, 768, 256, 0, 0, 0, 0, 768, 1, 256, 0},
+        {1536, 768, 0, 0, 0, 0, -256, 768, 1, 256, 0},         {800, 600, 400, 300, 0, 0, 512, 384, 0.78125f, 0, 0}};
+    for (auto& r : rows) {
+        disp_width = r.w, disp_height = r.h;
         design_space_fit();
-        panel_x = r.panel_x;
-        panel_y = r.panel_y;
-        EXPECT_FLOAT_EQ(ui_scale, r.scale);
-        EXPECT_NEAR(ui_margin_x, r.margin_x, 1e-3);
-        EXPECT_NEAR(ui_margin_y, r.margin_y, 1e-3);
+        panel_x = r.panel_x, panel_y = r.panel_y;
         MACIBM_window_proc(nullptr, PLAT_MSG_MOUSEMOVE, 0, xy(r.px, r.py));
-        EXPECT_NEAR(ShellInput.mouse_x, r.mouse_x, 1e-3) << r.w << "x" << r.h;
-        EXPECT_NEAR(ShellInput.mouse_y, r.mouse_y, 1e-3) << r.w << "x" << r.h;
+        EXPECT_FLOAT_EQ(ui_scale, r.scale);
+        for (auto [got, want] : {P(ui_margin_x, r.margin_x), P(ui_margin_y, r.margin_y),
+                                 P(ShellInput.mouse_x, r.mouse_x), P(ShellInput.mouse_y, r.mouse_y)})
+            EXPECT_NEAR(got, want, 1e-3) << r.w << "x" << r.h << " at " << r.px << "," << r.py;
     }
 }
 
 TEST_F(Loop, PressAndReleaseBetweenPassesLeaveAClick) {
-    paint();
-    post(PLAT_MSG_MOUSEMOVE, xy(10, 20));
-    post(PLAT_MSG_LBUTTONDOWN, xy(500, 500));
-    post(PLAT_MSG_LBUTTONUP, xy(500, 500));
-    MACIBM_event_pass();
-    EXPECT_EQ(ShellInput.mouse_clicked, 1);
-    EXPECT_EQ(ShellInput.mouse_down, 0);
-    EXPECT_FLOAT_EQ(ShellInput.mouse_x, 10);  // buttons do not move the pointer
-    EXPECT_FLOAT_EQ(ShellInput.mouse_y, 748);
-    post(PLAT_MSG_RBUTTONDOWN);
-    MACIBM_event_pass();
-    EXPECT_EQ(ShellInput.mouse_clicked, 1);
-    EXPECT_EQ(ShellInput.mouse_down, 1);
-    MACIBM_event_pass();
-    EXPECT_EQ(ShellInput.mouse_clicked, 0);  // cleared at the start of each pass
-    EXPECT_EQ(ShellInput.mouse_down, 1);
-}
-
-TEST_F(Loop, NothingIsDrawnBeforeTheFirstPaint) {
-    cur_screen = SCREEN_INTRO;
-    MACIBM_event_pass();
-    EXPECT_EQ(cur_screen, SCREEN_MAIN);  // the intro becomes the main screen at once
-    EXPECT_EQ(draws, 0);
-    EXPECT_EQ(ShellInput.elapsed_secs, 0.0f);
-    paint();
-    EXPECT_EQ(event_loop_painted(), 1);
-    EXPECT_EQ(draws, 1);
-}
-
-TEST_F(Loop, AlertAndDialogScreensSkipTheApplication) {
-    paint();
-    for (int32_t screen : {996, 997, 998, 999}) {
-        cur_screen = screen;
-        MACIBM_event_pass();
-    }
-    EXPECT_EQ(draws, 1);
-    cur_screen = 5;
-    MACIBM_event_pass();
-    EXPECT_EQ(draws, 2);
-}
-
-TEST_F(Loop, CloseEndsTheMainLoop) {
-    post(PLAT_MSG_CLOSE);
-    MACIBM_event_pass();
+    pass(PLAT_MSG_PAINT);
+    for (uint32_t m : {PLAT_MSG_MOUSEMOVE, PLAT_MSG_LBUTTONDOWN}) plat_post_message(PlatMessage{m, 0, xy(10, 20), 0});
+    pass(PLAT_MSG_LBUTTONUP, xy(500, 500));
+    EXPECT_EQ(clicked_down(), P(1, 0));
+    EXPECT_EQ(P(ShellInput.mouse_x, ShellInput.mouse_y), P(10, 748));  // buttons do not move the pointer
+    pass(PLAT_MSG_RBUTTONDOWN);
+    EXPECT_EQ(clicked_down(), P(1, 1));
+    pass();
+    EXPECT_EQ(clicked_down(), P(0, 1));  // the click lasts one pass
+    pass(PLAT_MSG_RBUTTONUP);
+    EXPECT_EQ(clicked_down(), P(0, 0));
+    pass(PLAT_MSG_CLOSE);                 // the window manager's close ends the main loop
     EXPECT_EQ(quit_requested, 1);
 }
 
-TEST_F(Loop, PulsingColoursFollowTheClock) {
-    paint();
-    float t = ShellInput.elapsed_secs;
-    float a = 0.8f + 0.2f * sinf(10 * t), d = 0.6f + 0.4f * sinf(10 * t);
+TEST_F(Loop, WhatEachPassDraws) {
+    cur_screen = SCREEN_INTRO;
+    pass();
+    EXPECT_EQ(cur_screen, SCREEN_MAIN);  // the intro becomes the main screen at once
+    EXPECT_EQ(std::tuple(draws, swaps, ShellInput.elapsed_secs), std::tuple(0, 0, 0.0f));  // nothing before a paint
+    pass(PLAT_MSG_PAINT);
+    EXPECT_EQ(P(draws, swaps), P(1, 1));
+    float t = ShellInput.elapsed_secs, a = 0.8f + 0.2f * sinf(10 * t), d = 0.6f + 0.4f * sinf(10 * t);
     EXPECT_NEAR(OGL_palette[54][1], a, 1e-5);
-    EXPECT_NEAR(OGL_palette[56][0], a, 1e-5);
     EXPECT_NEAR(OGL_palette[59][2], 0.5f * d, 1e-5);
-    EXPECT_NEAR(OGL_palette[58][0], d, 1e-5);
-}
-
-TEST_F(Loop, ActivityFollowsMovesOfMoreThanHalfAUnit) {
-    paint();
-    post(PLAT_MSG_MOUSEMOVE, xy(100, 100));
-    MACIBM_event_pass();
-    float first = ShellInput.last_activity;
-    EXPECT_EQ(first, ShellInput.elapsed_secs);
-    for (int i = 0; i < 200 && ShellInput.elapsed_secs == first; ++i) MACIBM_event_pass();  // still
-    EXPECT_GT(ShellInput.elapsed_secs, first);
-    EXPECT_EQ(ShellInput.last_activity, first);
+    for (int32_t screen : {996, 997, 998, 999, 5}) cur_screen = screen, pass();
+    EXPECT_EQ(P(draws, swaps), P(2, 6));  // alert and dialog screens skip the application
+    sw_cursor = 1;                         // the pointer sprite of the interface sheet, drawn last
+    pass(PLAT_MSG_MOUSEMOVE, xy(100, 100));
+    EXPECT_EQ(ShellInput.last_activity, ShellInput.elapsed_secs);  // a move is activity
+    const GlPrim& p = gl_rec().prims.back();
+    EXPECT_EQ(p.tex[0], 300u);
+    EXPECT_EQ((std::pair(P(p.v[0].x, p.v[0].y), P(p.v[2].x, p.v[2].y))), (std::pair(P(93, 650), P(115, 672))));
 }
 
 TEST_F(Loop, TooltipSizeAndPlacementLimits) {
-    struct Row {
-        int length;
-        float mouse_x, mouse_y, panel_x, panel_y;
-        float x, y, h;
-    } rows[] = {
-        {0, 600, 300, 0, 0, 200, 300, 60},
-        {120, 600, 300, 0, 0, 200, 300, 60},    // 40 before the lower limit
-        {300, 600, 300, 0, 0, 200, 300, 80},
-        {499, 600, 300, 0, 0, 200, 300, 110},   // the longest help text
-        {10, 100, 5, 0, 0, 10, 10, 60},         // pushed in from the left and the bottom
-        {10, 1200, 740, 0, 0, 614, 688, 60},    // and from the right and the top
-        {10, 50, -300, 312, 274, -302, -264, 60},  // limits are relative to the panel
-    };
-    for (const Row& r : rows) {
-        panel_x = r.panel_x;
-        panel_y = r.panel_y;
-        std::string text(r.length, 'x');
-        TooltipBox b = tooltip_box(text.c_str(), r.mouse_x, r.mouse_y);
-        EXPECT_EQ(b.w, 400);
-        EXPECT_EQ(b.h, r.h) << r.length;
-        EXPECT_EQ(b.x, r.x) << r.length;
-        EXPECT_EQ(b.y, r.y) << r.length;
+    struct { int length; float mouse_x, mouse_y, panel_x, panel_y, x, y, h; } rows[] = {
+        {0, 600, 300, 0, 0, 200, 300, 60}, {120, 600, 300, 0, 0, 200, 300, 60},  // 40 before the lower limit
+        {300, 600, 300, 0, 0, 200, 300, 80}, {499, 600, 300, 0, 0, 200, 300, 110},  // the longest help text
+        {2000, 600, 300, 0, 0, 200, 300, 200},                                      // the upper limit
+        {10, 100, 5, 0, 0, 10, 10, 60}, {10, 1200, 740, 0, 0, 614, 688, 60},      // pushed in from every side
+        {10, 50, -300, 312, 274, -302, -264, 60}};                                  // relative to the panel
+    for (auto& r : rows) {
+        panel_x = r.panel_x, panel_y = r.panel_y;
+        TooltipBox b = tooltip_box(std::string(r.length, 'x').c_str(), r.mouse_x, r.mouse_y);
+        EXPECT_EQ(std::pair(b.w, b.h), P(400, r.h)) << r.length;
+        EXPECT_EQ(P(b.x, b.y), P(r.x, r.y)) << r.length << " at " << r.mouse_x << "," << r.mouse_y;
     }
-    std::string long_text(2000, 'x');  // the upper limit exists, though no help text reaches it
-    EXPECT_EQ(tooltip_box(long_text.c_str(), 600, 300).h, 200);
 }
 
-TEST_F(Loop, EveryDrawnPassPresentsAFrame) {
-    int swaps = 0;
-    static int* counter = nullptr;
-    counter = &swaps;
-    OGL_set_swap([]() -> int32_t { return ++*counter; });
-    MACIBM_event_pass();  // not painted yet
-    EXPECT_EQ(swaps, 0);
-    paint();
-    MACIBM_event_pass();
-    EXPECT_EQ(swaps, 2);
-    OGL_set_swap(nullptr);
+TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
+    struct { float elapsed, last_message; bool animated; uint32_t interval; } rows[] = {
+        {10, 9, false, PASS_MIN_INTERVAL_US},  {10, 7, false, PASS_MIN_INTERVAL_US},  // exactly 3 s: not yet
+        {10, 6.9f, false, PASS_IDLE_INTERVAL_US}, {10, 0, true, PASS_MIN_INTERVAL_US}};
+    for (auto& r : rows)
+        EXPECT_EQ(pass_interval_us(r.elapsed, r.last_message, r.animated), r.interval) << r.last_message;
+    // A frame drawn with a pulsing colour is animated; one without is not.
+    app_set_hooks([] { OGL_set_color(57, 1.0f); }, nullptr, nullptr);
+    pass(PLAT_MSG_PAINT);
+    EXPECT_EQ(OGL_pulse_drawn, 1);
+    app_set_hooks([] { OGL_set_color(60, 1.0f); }, nullptr, nullptr);
+    pass();
+    EXPECT_EQ(OGL_pulse_drawn, 0);
+    // A pending message ends an idle wait at once (a broken wake would sleep the full 20 s).
+    plat_pace(0, false);
+    plat_post_message(PlatMessage{PLAT_MSG_MOUSEMOVE, 0, xy(1, 1), 0});
+    uint32_t t0 = plat_ticks_ms();
+    plat_pace(20000000, true);
+    EXPECT_LT(plat_ticks_ms() - t0, 10000u);
 }
-
-TEST_F(Loop, PassesArePacedToAbout120ASecond) {
-    paint();
-    uint32_t start = plat_ticks_ms();
-    for (int i = 0; i < 24; ++i) MACIBM_event_pass();
-    EXPECT_GE(plat_ticks_ms() - start, 24u * PASS_MIN_INTERVAL_US / 1000u - 2u);
-}
-
-}  // namespace

@@ -1,7 +1,6 @@
 // Temporary folders and files for tests, and the path of the shared real-world data.
 #include "tests/support/test_files.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -15,30 +14,21 @@ std::string test_temp_dir() {
 }
 
 std::string test_write_file(const std::string& dir, const std::string& name, const std::string& bytes) {
-    std::string path = dir + name;
-    std::ofstream out(path, std::ios::binary);
-    out << bytes;
-    return path;
+    std::ofstream(dir + name, std::ios::binary) << bytes;
+    return dir + name;
 }
 
 std::string test_read_file(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
     std::stringstream ss;
-    ss << in.rdbuf();
+    ss << std::ifstream(path, std::ios::binary).rdbuf();
     return ss.str();
 }
 
 std::string test_shared_data() {
     const char* d = getenv("VOCALOG_SHARED_DATA");
-    if (!d || !*d) return "";
     struct stat st{};
-    if (stat(d, &st) != 0 || !S_ISDIR(st.st_mode)) return "";
+    if (!d || !*d || stat(d, &st) != 0 || !S_ISDIR(st.st_mode)) return "";
     return std::string(d) + "/";
-}
-
-std::string test_binary_dir() {
-    const char* d = getenv("VOCALOG_BINARY_DIR");
-    return d && *d ? std::string(d) + "/" : std::string("./");
 }
 
 std::string test_alert_text(const std::string& l1, const std::string& l2, const std::string& l3,

@@ -9,9 +9,6 @@ std::string test_write_file(const std::string& dir, const std::string& name, con
 std::string test_read_file(const std::string& path);
 // The shared real-world data folder (with trailing '/'), or "" when it is absent.
 std::string test_shared_data();
-// The build folder (where the executables are), with a trailing '/'.
-std::string test_binary_dir();
-
 // What the windowless alert writes to standard error for four lines.
 std::string test_alert_text(const std::string& l1, const std::string& l2, const std::string& l3,
                             const std::string& l4);

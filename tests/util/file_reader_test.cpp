@@ -1,228 +1,150 @@
-// The data-file reader: headers, line ends, byte orders, field reads and scan failures.
+// The data-file reader: headers, line ends, byte orders, field reads, stream states, scan failures.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "tests/support/test_files.h"
 #include "util/file_reader.h"
-#include "util/paths.h"
 
+using testing::ExitedWithCode;
 using testing::HasSubstr;
+using S = std::string;
+using Strings = std::vector<S>;
+
+static S word(int32_t size) { char b[40]; fio_read_word(b, size); return b; }
+static S line(int32_t size) { char b[40]; fio_read_line(b, size); return b; }
 
 class FileReader : public testing::Test {
   protected:
-    void SetUp() override {
-        fio_reset();
-        dir = test_temp_dir();
-    }
+    void SetUp() override { fio_reset(); }
     void TearDown() override { fio_reset(); }
-    // Opens bytes written to a fresh file; the path buffer stays alive for labels.
-    int32_t open(const std::string& bytes, int32_t type, int32_t version, int32_t warn = 0) {
-        std::string p = test_write_file(dir, "f" + std::to_string(++n), bytes);
-        strcpy(path, p.c_str());
+    // Opens the bytes written to a fresh file; `path` stays alive for the labels.
+    int32_t open(const S& bytes, int32_t type, int32_t version, int32_t warn = 0) {
+        strcpy(path, test_write_file(dir, "f" + std::to_string(++n), bytes).c_str());
         return fio_open(path, type, version, warn);
     }
-    std::string dir;
+    S dir = test_temp_dir();
     char path[500];
     int n = 0;
 };
+using FileReaderDeathTest = FileReader;
 
-TEST_F(FileReader, TextHeaderOnEveryLineEnd) {
-    struct Row { const char* eol; char want; } rows[] = {{"\n", '\n'}, {"\r\n", '\n'}, {"\r", '\r'}};
-    for (auto& r : rows) {
-        std::string e = r.eol;
-        ASSERT_EQ(open("I" + e + "600 a note  " + e + "1 5355 1 0 KABQ Albuquerque Intl" + e + "99" + e, 0, 600), 1)
-            << "eol " << (int)r.want;
-        EXPECT_EQ(fio_eol, r.want);
+TEST_F(FileReader, TextFilesOnEveryLineEnd) {
+    for (S e : {"\n", "\r\n", "\r"}) {
+        ASSERT_EQ(open("I" + e + "600 a note  " + e + " 1 5355.5 KABQ Albuquerque Intl" + e + "ABCDEFG X" + e +
+                           "   two words  " + e + "26R" + e + "last", 0, 600), 1);
+        EXPECT_EQ(fio_eol, e == "\r" ? '\r' : '\n');
         EXPECT_STREQ(fio_line_buf, "a note  ");
         EXPECT_EQ(fio_read_int("code"), 1);
-        EXPECT_FLOAT_EQ(fio_read_flt("elev"), 5355.f);
-        EXPECT_EQ(fio_read_int("twr"), 1);
-        EXPECT_EQ(fio_read_int("bld"), 0);
-        char word[5];
-        fio_read_word(word, 5);
-        EXPECT_STREQ(word, "KABQ");
-        char line[40];
-        fio_read_line(line, 40);
-        EXPECT_STREQ(line, "Albuquerque Intl");
-        EXPECT_EQ(fio_read_int("end"), 99);
-        fio_close();
+        EXPECT_EQ(fio_read_flt("elev"), 5355.5f);
+        // A long word keeps its first size - 1 characters; a word takes its delimiter with it;
+        // a line drops its leading blanks and the rest past size - 1; the last has no line end.
+        EXPECT_EQ((Strings{word(5), line(40), word(5), word(5), line(40), line(3), line(40), line(40)}),
+                  (Strings{"KABQ", "Albuquerque Intl", "ABCD", "X", "two words  ", "26", "last", ""}));
     }
 }
 
 TEST_F(FileReader, OpenFailsQuietly) {
-    EXPECT_EQ(open("", 0, 600), 0);                       // empty
-    EXPECT_EQ(open("X\n600\n", 0, 600), 0);               // wrong marker
-    EXPECT_EQ(open("I\n601\n", 0, 600, 0), 0);            // wrong version, warn 0
-    EXPECT_EQ(open("a\x00\x00", 3, 600), 0);              // ends inside the header
-    EXPECT_EQ(open("i", 20, 0), 1);                       // no version asked
-    char missing[] = "/nonexistent:folder:file";
+    // Empty files, wrong markers, a wrong version with warn 0, a file that ends inside its header.
+    for (auto [bytes, type, version] : {std::tuple<S, int, int>{"", 0, 0}, {"", 20, 0}, {"X\n600\n", 0, 600},
+                                        {"b", 20, 0}, {"I\n601\n", 0, 600}, {S("i\x58\x02\0\0", 5), 3, 601},
+                                        {"I", 0, 0}, {"I\n", 0, 600}, {"I\n \n", 0, 600}, {S("a\0\0", 3), 3, 600}})
+        EXPECT_EQ(open(bytes, type, version), 0) << bytes;
+    char missing[] = "C:nonexistent:folder:file";  // every ":" from index 2 on becomes "/"
     EXPECT_EQ(fio_open(missing, 0, 0, 0), 0);
-    EXPECT_STREQ(missing, "/nonexistent/folder/file");
-    EXPECT_EQ(open("IX", 0, 0), 1);                       // the character after the marker is the line end
+    EXPECT_STREQ(missing, "C:nonexistent/folder/file");
+    ASSERT_EQ(open("IXab\rcdXef gh", 0, 0), 1);  // the character after the marker is the line end
     EXPECT_EQ(fio_eol, 'X');
+    EXPECT_EQ((Strings{line(40), line(40), word(5)}), (Strings{"ab", "cd", "ef"}));  // a CR always ends a line
 }
 
 TEST_F(FileReader, BinaryByteOrders) {
-    std::string be = std::string("a") + std::string("\x00\x00\x02\x58", 4) + std::string("\x3f\x80\x00\x00", 4) +
-                     std::string("\xff\xff\xff\xfe", 4);
-    ASSERT_EQ(open(be, 3, 600), 1);
+    ASSERT_EQ(open(S("a\0\0\x02\x58\x3f\x80\0\0\xff\xff\xff\xfe\x01\x02", 15), 3, 600), 1);
     EXPECT_EQ(fio_swap, 1);
-    EXPECT_FLOAT_EQ(fio_read_flt("f"), 1.0f);
-    EXPECT_EQ(fio_read_int("i"), -2);
-    std::string le = std::string("i") + std::string("\x58\x02\x00\x00", 4) + std::string("\x00\x00\x80\x3f", 4);
-    ASSERT_EQ(open(le, 20, 600), 1);
+    EXPECT_EQ((std::pair{fio_read_flt("f"), fio_read_int("i")}), std::pair(1.0f, -2));  // braces: in order
+    unsigned char raw[4] = {}, w[4] = {1, 2, 3, 4};
+    fio_read_bytes(raw, 2);  // raw bytes keep the file's order
+    EXPECT_EQ(raw[0] * 256 + raw[1], 0x0102);
+    ASSERT_EQ(open(S("i\x58\x02\0\0\0\0\x80\x3f\x01\x02\x03", 12), 20, 600), 1);
     EXPECT_EQ(fio_swap, 0);
-    EXPECT_FLOAT_EQ(fio_read_flt("f"), 1.0f);
-    char raw[3];
-    fio_read_bytes(raw, 3);  // past the end: the stream fails, which a number read reports
+    EXPECT_EQ(fio_read_flt("f"), 1.0f);
+    fio_read_bytes(raw, 4);  // past the end: the stream fails
     EXPECT_FALSE(fs_good(fio_stream()));
-    unsigned char w[4] = {1, 2, 3, 4};
     fio_swap4(w);
-    EXPECT_EQ(w[0], 4);
-    EXPECT_EQ(w[3], 1);
-    EXPECT_EQ(open(le, 3, 601), 0);
-}
-
-TEST_F(FileReader, WordsLinesAndChars) {
-    ASSERT_EQ(open("I\n  KSFO 123\nABCDEFG X\n   two words  \n 0 8x 26R\nlast", 0, 0), 1);
-    char w[5];
-    fio_read_word(w, 5);
-    EXPECT_STREQ(w, "KSFO");
-    EXPECT_EQ(fio_read_int("n"), 123);
-    fio_read_word(w, 5);
-    EXPECT_STREQ(w, "ABCD");
-    fio_read_word(w, 5);
-    EXPECT_STREQ(w, "X");
-    char line[100];  // the word took its line end with it
-    fio_read_line(line, 100);
-    EXPECT_STREQ(line, "two words  ");
-    char num[4] = {fio_read_char(), fio_read_char(), fio_read_char(), 0};
-    EXPECT_STREQ(num, "08x");
-    fio_read_line(line, 3);  // longer than size: the rest is dropped
-    EXPECT_STREQ(line, "26");
-    fio_read_line(line, 100);
-    EXPECT_STREQ(line, "last");
-    fio_read_line(line, 100);
-    EXPECT_STREQ(line, "");
+    EXPECT_EQ(memcmp(w, "\x04\x03\x02\x01", 4), 0);
+    EXPECT_EQ(open("i", 20, 0), 1);  // no version asked
 }
 
 TEST_F(FileReader, NumbersAsAStreamReadsThem) {
-    ASSERT_EQ(open("I\n-12 +7 1.5e3 -.25 7e 3x 2147483647", 0, 0), 1);
-    EXPECT_EQ(fio_read_int("a"), -12);
-    EXPECT_EQ(fio_read_int("b"), 7);
-    EXPECT_FLOAT_EQ(fio_read_flt("c"), 1500.f);
-    EXPECT_FLOAT_EQ(fio_read_flt("d"), -0.25f);
-    // "7e" takes the e and then fails, like a standard stream: checked in the death test.
-    FileStream* s = fio_stream();
-    float f;
-    EXPECT_FALSE(fs_read_float(s, &f));
-}
-
-TEST_F(FileReader, IntegerRangeEdges) {
-    ASSERT_EQ(open("I\n2147483647 -2147483648 000000000000000000000042 2147483648", 0, 0), 1);
-    EXPECT_EQ(fio_read_int("a"), 2147483647);
-    EXPECT_EQ(fio_read_int("b"), -2147483647 - 1);
-    EXPECT_EQ(fio_read_int("c"), 42);  // long runs of leading zeros take the general path
-    int32_t v;
-    EXPECT_FALSE(fs_read_int(fio_stream(), &v));
-    EXPECT_EQ(v, 2147483647);
-}
-
-TEST_F(FileReader, NumberEndingTheDataIsGood) {
-    ASSERT_EQ(open("I\n99", 0, 0), 1);
-    EXPECT_EQ(fio_read_int("x"), 99);
-    EXPECT_TRUE(fio_stream()->state & FS_EOF);
-    ASSERT_EQ(open("I\n7\n" + std::string(300000, ' ') + "123456 8", 0, 0), 1);  // across blocks
-    EXPECT_EQ(fio_read_int("x"), 7);
-    EXPECT_EQ(fio_read_int("x"), 123456);
-    EXPECT_EQ(fio_read_int("x"), 8);
-}
-
-TEST_F(FileReader, NumbersAcrossBlockEdges) {
-    // Every position of a number relative to the block edge parses the same.
-    for (size_t pad : {FS_BLOCK - 3, FS_BLOCK - 2, FS_BLOCK - 1, FS_BLOCK}) {
-        ASSERT_EQ(open("I\n" + std::string(pad - 2, ' ') + "-1234.5e-1 \r\n42", 0, 0), 1);
-        EXPECT_FLOAT_EQ(fio_read_flt("x"), -123.45f) << pad;
+    ASSERT_EQ(open("I\n-12 +7 1.5e3 -.25 2147483647 -2147483648 000000000000000000000042\n 0 8x 99", 0, 0), 1);
+    EXPECT_EQ((std::vector<float>{(float)fio_read_int("i"), (float)fio_read_int("i"), fio_read_flt("f"),
+                                  fio_read_flt("f")}), (std::vector<float>{-12, 7, 1500, -0.25f}));
+    EXPECT_EQ((std::vector<int32_t>{fio_read_int("i"), fio_read_int("i"), fio_read_int("i")}),
+              (std::vector<int32_t>{2147483647, -2147483647 - 1, 42}));
+    EXPECT_EQ((S{fio_read_char(), fio_read_char(), fio_read_char()}), "08x");
+    EXPECT_EQ(fio_read_int("i"), 99);  // a number that ends the data: end of data, not failed
+    EXPECT_EQ(fio_stream()->state, FS_EOF);
+    for (size_t pad : {FS_BLOCK - 3, FS_BLOCK - 2, FS_BLOCK - 1, FS_BLOCK}) {  // across the reader's blocks
+        ASSERT_EQ(open("I\n" + S(pad - 2, ' ') + "-1234.5e-1 \r\n42", 0, 0), 1);
+        EXPECT_EQ(fio_read_flt("x"), -123.45f) << pad;
         EXPECT_EQ(fio_read_int("y"), 42) << pad;
     }
 }
 
-class FileReaderDeathTest : public FileReader {};
-
-TEST_F(FileReaderDeathTest, ScanFailures) {
-    struct Row { std::string body; } rows[] = {
-        {"1.5 2"},   // the fraction is left for the next integer read
-        {"12 KSFO"}, // a word where a number belongs
-        {"12"},      // the data ends
-        {"7e"},      // an exponent without digits
-        {"-"},
-        {"99999999999"},  // out of range
-    };
-    for (auto& r : rows) {
-        ASSERT_EQ(open("I\n" + r.body, 0, 0), 1);
-        EXPECT_EXIT(
-            {
-                fio_read_int("scan rwy rwy_code");
-                fio_read_int("scan rwy rwy_code");
-            },
-            testing::ExitedWithCode(0), HasSubstr(test_alert_text("File-scanning error!", "", "file:", "scan rwy rwy_code")))
-            << r.body;
-    }
-}
-
-TEST_F(FileReaderDeathTest, VersionFailuresWithWarn) {
-    EXPECT_EXIT(open("I\n601 x\n", 0, 600, 1), testing::ExitedWithCode(0),
-                HasSubstr("The following file is the wrong version for this version of Zephyra:\n\n" + dir));
-    EXPECT_EXIT(open(std::string("i\x01\x00\x00\x00", 5), 3, 600, 1), testing::ExitedWithCode(0),
-                HasSubstr("You MAY be able to get the aircraft up to date by opening it and re-saving it in Hullwright."));
-    EXPECT_EXIT(open("I\nabc\n", 0, 600, 1), testing::ExitedWithCode(0), HasSubstr("File-scanning error!\n\n\n\nfile:\n\n" + dir));
-    fio_cur_slot = 2;
-    EXPECT_EXIT(open("I\n", 0, 0), testing::ExitedWithCode(0), HasSubstr("Bad file-use index!"));
-    fio_cur_slot = 0;
-}
-
-TEST(Paths, SuiteFormToPlatform) {
-    struct Row { const char* in; const char* out; } rows[] = {
-        {"/sim/Resources:Earth nav data:apt.dat", "/sim/Resources/Earth nav data/apt.dat"},
-        {"C:Data:apt.dat", "C:Data/apt.dat"},
-        {"::a:b", "::a/b"},
-    };
-    for (auto& r : rows) {
-        char p[100];
-        strcpy(p, r.in);
-        path_to_platform(p);
-        EXPECT_STREQ(p, r.out);
-    }
-}
-
-// Every float read must equal the standard library's conversion of the same text, on the
-// fast path (short decimals) and the general one (long mantissas, big exponents, tiny values).
-TEST_F(FileReader, FloatsMatchStandardConversion) {
-    std::string text = "I\n";
-    std::vector<std::string> tokens;
+// Floats equal the standard conversion of the same text, short decimals and long, tiny values
+// included; a float past the largest fails as a stream's read does.
+TEST_F(FileReader, FloatsMatchTheStandardConversion) {
+    S text = "I\n";
+    Strings tokens;
     uint32_t x = 7;
-    auto next = [&] { return x = x * 1103515245u + 12345u; };
+    auto next = [&] { return (x = x * 1103515245u + 12345u) >> 16; };
     for (int i = 0; i < 20000; ++i) {
-        std::string t = (next() >> 16) % 3 == 0 ? "-" : "";
-        int int_digits = (int)((next() >> 16) % 12), frac_digits = (int)((next() >> 16) % 12);
-        for (int d = 0; d < int_digits; ++d) t += (char)('0' + (next() >> 16) % 10);
-        if (frac_digits || int_digits == 0) {
-            t += '.';
-            for (int d = 0; d < frac_digits + (int_digits == 0); ++d) t += (char)('0' + (next() >> 16) % 10);
-        }
-        if ((next() >> 16) % 4 == 0) t += "e" + std::to_string((int)((next() >> 16) % 90) - 45);
+        S t = next() % 3 == 0 ? "-" : "";
+        int int_digits = (int)(next() % 12), frac_digits = (int)(next() % 12) + (int_digits == 0);
+        for (int d = 0; d < int_digits + frac_digits; ++d) t += S(d == int_digits, '.') + (char)('0' + next() % 10);
+        if (next() % 4 == 0) t += "e" + std::to_string((int)(next() % 72) - 45);  // up to 1e37
         tokens.push_back(t);
-        text += t + ((i % 7) ? " " : "\r\n");
+        text += t + (i % 7 ? " " : "\r\n");
     }
-    tokens.push_back("0.000000000000000000000000000000000000000000001");  // a tiny value
-    text += tokens.back() + "\n";
-    ASSERT_EQ(open(text, 0, 0), 1);
-    for (auto& t : tokens) {
-        float want = strtof(t.c_str(), nullptr);
-        ASSERT_EQ(fio_read_flt("x"), want) << t;
+    tokens.insert(tokens.end(), {"1e-45", "3023785331e16"});  // the second's double lies on a midpoint of floats
+    ASSERT_EQ(open(text + "1e-45 3023785331e16 4e38", 0, 0), 1);
+    for (auto& t : tokens) ASSERT_EQ(fio_read_flt("x"), strtof(t.c_str(), nullptr)) << t;
+    float f;
+    EXPECT_FALSE(fs_read_float(fio_stream(), &f));
+    EXPECT_EQ(f, 3.40282347e+38f);
+}
+
+TEST_F(FileReaderDeathTest, ScanFailuresAreFatal) {
+    // The second read fails: a fraction or a word left by the first, the end of the data,
+    // an exponent without digits, a lone sign, a number past 32 bits.
+    for (auto [body, flt] : {std::pair<S, bool>{"1.5 2", 0}, {"12 KSFO", 0}, {"12", 0}, {"12\n", 1}, {"7e 5", 1},
+                             {"- 5", 0}, {"99999999999 5", 0}}) {
+        ASSERT_EQ(open("I\n" + body, 0, 0), 1);
+        auto read = [flt] { flt ? (void)fio_read_flt("scan rwy rwy_lat") : (void)fio_read_int("scan rwy rwy_lat"); };
+        EXPECT_EXIT((read(), read()), ExitedWithCode(0),
+                    HasSubstr(test_alert_text("File-scanning error!", "", "file:", "scan rwy rwy_lat"))) << body;
     }
+    // A version line that does not begin with a number: the path is the label.
+    EXPECT_EXIT(open("I\nabc\n", 0, 600), ExitedWithCode(0),
+                HasSubstr(test_alert_text("File-scanning error!", "", "file:", dir + "f" + std::to_string(n + 1))));
+}
+
+TEST_F(FileReaderDeathTest, WrongVersionWithWarnAndBadSlot) {
+    EXPECT_EXIT(open("I\n601 x\n", 0, 600, 1), ExitedWithCode(0),
+                HasSubstr(test_alert_text(
+                    "The following file is the wrong version for this version of Zephyra:", dir + "f1",
+                    "Throw that file away. You should only use the files that came with the program.",
+                    "You may have to re-install Zephyra from the CD.")));
+    EXPECT_EXIT(open(S("i\x01\x00\x00\x00", 5), 3, 600, 1), ExitedWithCode(0),
+                HasSubstr(test_alert_text(
+                    "The following file is the wrong version aircraft for this version of Zephyra:", dir + "f1",
+                    "You MAY be able to get the aircraft up to date by opening it and re-saving it in Hullwright.",
+                    "Hullwright can open some older format aircraft and then, when you save them, saves them in the "
+                    "newest format, which Zephyra always needs.")));
+    fio_cur_slot = 2;
+    EXPECT_EXIT(open("I\n", 0, 0), ExitedWithCode(0), HasSubstr(test_alert_text("Bad file-use index!", "", "", "")));
 }
