@@ -289,7 +289,8 @@ static bool quick_float(const char* p, const char* end, float* out) {
         bool eneg = false;
         if (p < end && (*p == '+' || *p == '-')) eneg = *p++ == '-';
         int e = 0, n = 0;
-        for (; p < end && is_digit((unsigned char)*p); ++p, ++n) e = e * 10 + (*p - '0');
+        for (; p < end && is_digit((unsigned char)*p); ++p, ++n)
+            if (n < 4) e = e * 10 + (*p - '0');  // longer exponents go to the general conversion
         if (n == 0 || n > 4) return false;
         scale += eneg ? -e : e;
     }

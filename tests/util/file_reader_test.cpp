@@ -110,8 +110,9 @@ TEST_F(FileReader, FloatsMatchTheStandardConversion) {
         tokens.push_back(t);
         text += t + (i % 7 ? " " : "\r\n");
     }
-    tokens.insert(tokens.end(), {"1e-45", "3023785331e16"});  // the second's double lies on a midpoint of floats
-    ASSERT_EQ(open(text + "1e-45 3023785331e16 4e38", 0, 0), 1);
+    // The second's double lies on a midpoint of floats; the last two have long exponents.
+    tokens.insert(tokens.end(), {"1e-45", "3023785331e16", "1e000000000001", "-2.5e-0000000000001"});
+    ASSERT_EQ(open(text + "1e-45 3023785331e16 1e000000000001 -2.5e-0000000000001 4e38", 0, 0), 1);
     for (auto& t : tokens) ASSERT_EQ(fio_read_flt("x"), strtof(t.c_str(), nullptr)) << t;
     float f;
     EXPECT_FALSE(fs_read_float(fio_stream(), &f));
@@ -122,7 +123,7 @@ TEST_F(FileReaderDeathTest, ScanFailuresAreFatal) {
     // The second read fails: a fraction or a word left by the first, the end of the data,
     // an exponent without digits, a lone sign, a number past 32 bits.
     for (auto [body, flt] : {std::pair<S, bool>{"1.5 2", 0}, {"12 KSFO", 0}, {"12", 0}, {"12\n", 1}, {"7e 5", 1},
-                             {"- 5", 0}, {"99999999999 5", 0}}) {
+                             {"- 5", 0}, {"99999999999 5", 0}, {"-3.5e7777777777", 1}}) {
         ASSERT_EQ(open("I\n" + body, 0, 0), 1);
         auto read = [flt] { flt ? (void)fio_read_flt("scan rwy rwy_lat") : (void)fio_read_int("scan rwy rwy_lat"); };
         EXPECT_EXIT((read(), read()), ExitedWithCode(0),
