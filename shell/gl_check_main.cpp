@@ -1,5 +1,7 @@
 // vocalog-gl-check: opens the window with its real context, draws a test frame through the
 // event pass, writes the "OpenGL Situation" report to Error.out and a screenshot, and exits.
+// With --input SECONDS it then echoes what the window's input becomes (keys as app_key sees
+// them, clicks in design units, the typed text) until a "." is typed or the time is up.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -110,7 +112,36 @@ static bool write_ppm(const char* path) {
     return fclose(f) == 0;
 }
 
+static void echo_key(int32_t key_class, int32_t key) {
+    printf("key %d %d\n", key_class, key);
+    fflush(stdout);
+}
+
+static void echo_clicks() {
+    draw_test_frame();
+    if (ShellInput.mouse_clicked) {
+        printf("click %.0f %.0f\n", ShellInput.mouse_x, ShellInput.mouse_y);
+        fflush(stdout);
+    }
+}
+
+static void echo_input(float seconds) {
+    app_set_hooks(echo_clicks, echo_key, nullptr);
+    ShellInput.typed_text[0] = 0;
+    printf("ready\n");
+    fflush(stdout);
+    uint32_t start = plat_ticks_ms();
+    while (!strchr(ShellInput.typed_text, '.') && !quit_requested && plat_ticks_ms() - start < seconds * 1000.0f)
+        MACIBM_event_pass();
+    printf("typed \"%s\"\n", ShellInput.typed_text);
+}
+
 int main(int argc, char** argv) {
+    float input_seconds = 0;
+    if (argc > 2 && strcmp(argv[1], "--input") == 0) {
+        input_seconds = (float)atof(argv[2]);
+        argc -= 2, argv += 2;
+    }
     const char* shot_path = argc > 1 ? argv[1] : "gl-check.ppm";
     MACIBM_log_open("Error.out");
     OGL_default_palette();
@@ -146,6 +177,8 @@ int main(int argc, char** argv) {
            reinterpret_cast<const char*>(qglGetString(GL_RENDERER)), sw_cursor);
     bool ok = shot_taken && write_ppm(shot_path);
     printf("%s %s\n", ok ? "screenshot written to" : "no screenshot in", shot_path);
+    fflush(stdout);
+    if (input_seconds > 0) echo_input(input_seconds);
     MACIBM_shutdown();
     return ok ? 0 : 1;
 }

@@ -24,3 +24,12 @@ endfunction()
 
 vocalog_gui_test_dir(platform)
 vocalog_gui_test_dir(gl)
+
+# Real X input (xdotool on a private Xvfb display) through the window program's whole path.
+find_program(VOCALOG_XVFB_RUN xvfb-run)
+find_program(VOCALOG_XDOTOOL xdotool)
+if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog-gl-check)
+  add_test(NAME X11.WindowInputArrivesAsTyped
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/window_input_test.sh $<TARGET_FILE:vocalog-gl-check>)
+  set_tests_properties(X11.WindowInputArrivesAsTyped PROPERTIES TIMEOUT 90)
+endif()
