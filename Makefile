@@ -4,7 +4,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 RELEASE := build
 CHECKED := build-asan
 
-.PHONY: all deps build build-checked run test bench clean
+.PHONY: all deps build build-checked run test bench fuzz clean
 
 all: build
 
@@ -32,5 +32,12 @@ test: build-checked
 bench: build
 	@bash scripts/bench.sh $(RELEASE)
 
+# Fuzzes the file readers for FUZZ_SECONDS (clang's libFuzzer), starting from the sample world.
+FUZZ_SECONDS ?= 300
+fuzz: deps
+	CXX=clang++ cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVOCALOG_FUZZ=ON -DVOCALOG_TESTS=OFF -DVOCALOG_BENCH=OFF
+	cmake --build build-fuzz -j $(JOBS) --target fuzz_readers vocalog-gen-prefs
+	@bash scripts/fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
 clean:
-	rm -rf $(RELEASE) $(CHECKED)
+	rm -rf $(RELEASE) $(CHECKED) build-fuzz

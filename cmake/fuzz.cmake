@@ -1,0 +1,16 @@
+# The readers' fuzz target (clang's libFuzzer): `make fuzz`. Every source is built with the
+# fuzzer's coverage and the sanitizers, so a damaged file that crashes a reader is found.
+option(VOCALOG_FUZZ "Build the libFuzzer target of the file readers (clang only)" OFF)
+if(NOT VOCALOG_FUZZ)
+  return()
+endif()
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  message(FATAL_ERROR "VOCALOG_FUZZ needs clang (CXX=clang++)")
+endif()
+set(VOCALOG_FUZZ_FLAGS -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+target_compile_options(vocalog_core PRIVATE -fsanitize=fuzzer-no-link ${VOCALOG_FUZZ_FLAGS})
+target_compile_options(vocalog_platform_null PRIVATE ${VOCALOG_FUZZ_FLAGS})
+add_executable(fuzz_readers ${CMAKE_SOURCE_DIR}/tests/fuzz/fuzz_readers.cpp)
+target_compile_options(fuzz_readers PRIVATE -fsanitize=fuzzer ${VOCALOG_FUZZ_FLAGS})
+target_link_options(fuzz_readers PRIVATE -fsanitize=fuzzer ${VOCALOG_FUZZ_FLAGS})
+target_link_libraries(fuzz_readers PRIVATE vocalog_headless)
