@@ -22,8 +22,7 @@ TEST(Aircraft, VersionsByteOrdersAndSpeedEstimate) {
     };
     for (const auto& r : rows) {
         SCOPED_TRACE(testing::Message() << r.marker << r.version << " swapped " << r.swapped << " kind " << r.kind);
-        TestAircraft a;
-        a.marker = r.marker, a.version = r.version, a.swapped_block = r.swapped, a.engine_kind = r.kind;
+        TestAircraft a{.marker = r.marker, .version = r.version, .engine_kind = r.kind, .swapped_block = r.swapped};
         EXPECT_EQ(read(sim_aircraft(a)), r.speed > 0 ? 1 : 0);
         EXPECT_STREQ(acf_intro_text(), r.speed > 0 ? "N172SP" : "");  // texts are not reversed
         EXPECT_EQ(acf_engine_kind(), r.speed > 0 ? r.kind : 0);
@@ -34,19 +33,14 @@ TEST(Aircraft, VersionsByteOrdersAndSpeedEstimate) {
 }
 
 TEST(Aircraft, BlockSizesAndRestoredTexts) {
-    TestAircraft a;
-    a.version = 600;
-    ASSERT_EQ(read(sim_aircraft(a) + std::string(100, '\x7f')), 1);  // bytes beyond the 600 block: never read
+    // Bytes beyond the 600 block are never read; a short file ends right after the reference speed.
+    ASSERT_EQ(read(sim_aircraft({.version = 600}) + std::string(100, '\x7f')), 1);
     for (int32_t o = ACF_BLOCK_SIZE_600; o < ACF_BLOCK_SIZE; ++o) ASSERT_EQ(acf_rec.block[o], 0) << o;
-    a.version = 626;
-    a.block_bytes = 1108;  // a short file ends right after the reference speed
-    ASSERT_EQ(read(sim_aircraft(a)), 1);
+    ASSERT_EQ(read(sim_aircraft({.block_bytes = 1108})), 1);
     EXPECT_EQ(acf_ref_speed(), 160.0f);
 
     // Texts in the fields exempt from reversal survive it; a number beside them is reversed.
-    a.swapped_block = true;
-    a.block_bytes = -1;
-    std::string bytes = sim_aircraft(a);
+    std::string bytes = sim_aircraft({.swapped_block = true});
     const int32_t texts[] = {32, 40, 532, 540, 7584 + 40 * 56, 14424, 433688 + 23 * 500 + 492};
     for (int32_t o : texts) memcpy(&bytes[5 + o], "ABCD", 4);
     const int32_t numbers[] = {36, 536, 2000, 7584 + 36};

@@ -1,38 +1,37 @@
 // vocalog-brief end to end: the built program run on generated simulator folders.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <sys/stat.h>
+#include <filesystem>
 #include <sys/wait.h>
 
 #include "platform/platform.h"
 #include "tests/support/sim_files.h"
 #include "tests/support/test_files.h"
 
-using testing::AllOf;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::StartsWith;
 
-static std::string quote(const std::string& s) {
-    std::string q = "'";
-    for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
-}
-
 class Brief : public testing::Test {
   protected:
     void SetUp() override {
-        mkdir(sim.c_str(), 0755);
-        sim_folder(sim, {{"KABQ", "Albuquerque Intl", 35.04f, -106.61f, 5355.0f},
-                         {"KSAF", "Santa Fe Muni", 35.49f, -106.01f, 6348.0f},
-                         {"KAEG", "Double Eagle II", 35.15f, -106.80f, 5837.0f},
-                         {"KMID", "Midway Field", 35.30f, -106.30f, 6000.0f}},
-                   {"2025/01/27 21:00", "KABQ 121856Z 28015G25KT 10SM FEW010 SCT200 18/12 A3001",
-                    "KSAF 121853Z 30008KT 10SM BKN050 12/M02 A3004",
-                    "KMID 121850Z 18005KT 5SM -RA OVC010 08/06 A2995"});
+        folder({{"KABQ", "Albuquerque Intl", 35.04f, -106.61f, 5355}, {"KSAF", "Santa Fe Muni", 35.49f, -106.01f, 6348},
+                {"KAEG", "Double Eagle II", 35.15f, -106.80f, 5837}, {"KMID", "Midway Field", 35.45f, -106.30f, 6000}},
+               "2025/01/27 21:00\nKABQ 121856Z 28015G25KT 10SM FEW010 SCT200 18/12 A3001\n"
+               "KSAF 121853Z 30008KT 10SM BKN050 12/M02 A3004\nKMID 121850Z 18005KT 5SM -RA OVC010 08/06 A2995\n");
+    }
+    // The simulator folder: apt.dat with one runway per airport, "Aircraft/" and the weather file (none when "").
+    void folder(const std::vector<TestAirport>& airports, const std::string& metar) {
+        std::filesystem::create_directories(sim + "Resources/Earth nav data");
+        std::filesystem::create_directories(sim + "Aircraft");
+        std::string apt = "I\n600 version\n";
+        for (const TestAirport& a : airports)
+            apt += "1 " + std::to_string((int)a.elev) + " 1 0 " + a.code + " " + a.name + "\n10 " +
+                   std::to_string(a.lat) + " " + std::to_string(a.lon) + " 08x 80.00 5000 0 0 150 1\n";
+        test_write_file(sim + "Resources/Earth nav data/", "apt.dat", apt + "99\n");
+        if (metar.empty()) std::filesystem::remove(sim + "metar.rwx");
+        else test_write_file(sim, "metar.rwx", metar);
     }
     // Runs the program built beside this test executable, the per-user folder under dir + "xdg".
     // The result: the exit code, "|", standard output, "|", standard error.
@@ -40,6 +39,7 @@ class Brief : public testing::Test {
         if (base) args.insert(args.begin(), {"--sim", sim, "--from", "KABQ", "--to", "KSAF"});
         char here[4096];
         if (!plat_program_folder(here, sizeof here)) here[0] = 0;
+        auto quote = [](const std::string& s) { return "'" + s + "'"; };  // the paths hold no quote
         std::string cmd = "XDG_DATA_HOME=" + quote(dir + "xdg") + " " + quote(std::string(here) + "vocalog-brief");
         for (const std::string& a : args) cmd += " " + quote(a);
         int status = std::system((cmd + " >" + quote(dir + "out") + " 2>" + quote(dir + "err")).c_str());
@@ -52,7 +52,7 @@ class Brief : public testing::Test {
 TEST_F(Brief, ExactBriefingWithSeedOnStandardOutputOrInAFile) {
     // The seed gives the openers 1, 1, 1 and the lead-ins 1, 1, 1.
     std::string seed = std::to_string(sim_seed_for({{6, 1}, {6, 1}, {6, 1}, {5, 1}, {5, 1}, {5, 1}}));
-    std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft(TestAircraft()));
+    std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
     const std::string briefing =
         "Hello, this is N172SP, a C172, planning a flight from Albuquerque Intl to Santa Fe Muni. Estimated time "
         "of departure will be 1926 zulu, estimating 0.9 hours enroute at 5500 feet, and requesting a "
@@ -93,35 +93,25 @@ TEST_F(Brief, HelpBoundaryValuesAndAnUnreadableAircraft) {
                              "Estimated time of departure will be 1926 zulu, at 5000 feet.*\\|[^\n]*Junk.acf[^\n]*\n"));
 }
 
-TEST_F(Brief, CoreFailuresExitWith1) {
+TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
     std::string apt = sim + "Resources/Earth nav data/apt.dat";
-    test_write_file("", apt, "I\n600 version\n1 5355 1 0 KABQ Albuquerque\nxx\n");
-    EXPECT_EQ(run({}), "1||File-scanning error!\nfile:\n" + apt + "\n");
     remove(apt.c_str());  // no airport file: the note, then the scan error
     EXPECT_EQ(run({}), "1||I am unable to access a nav or airport data file!\nThe path I am looking at is as "
                        "follows:\n" + apt + "\nMake sure the file listed above is available in the path listed above!\n"
                            "File-scanning error!\nfile:\n" + apt + "\n");
-    sim_folder(sim, {{"KABQ", "A", 0, 0}, {"KSAF", "S", 1, 1}}, {});  // no weather file, no preferences
-    remove((sim + "metar.rwx").c_str());
+    folder({{"KABQ", "Alpha", 0, 0}, {"KSAF", "Sierra", 1, 1}}, "");  // no weather file, no preferences
     EXPECT_THAT(run({}), StartsWith("1||I could not find an Zephyra prefs file or a Metar.rwx weather file!\n"
                                     "In other words, I have no weather to give you a briefing with!\n"));
-}
-
-TEST_F(Brief, SimulatorPreferencesStandInForTheWeatherFile) {
-    remove((sim + "metar.rwx").c_str());
-    mkdir((dir + "xdg").c_str(), 0755);
-    mkdir((dir + "xdg/Zephyra").c_str(), 0755);
-    TestSimPrefs p;
-    p.start_code = "KSAF";
-    p.local_hours = 10.0f;  // 10 - (-106.01 / 15 + 1) = 16.07: 16 h
-    p.cloud_kind[0] = 3;
-    p.cloud_base[0] = 1524.0f + 6348.0f * 0.3048f;  // 5000 ft above the airport
-    p.aircraft_path = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft(TestAircraft()));
-    test_write_file(dir + "xdg/Zephyra/", "Corvane 6 Zephyra.prf", sim_prefs(p));
-    // The simulator's aircraft, and its weather phrased for every place.
+    // The simulator's preferences in the per-user folder: its aircraft, and its weather for every place.
+    std::filesystem::create_directories(dir + "xdg/Zephyra");
+    std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
+    test_write_file(dir + "xdg/Zephyra/", "Corvane 6 Zephyra.prf",
+                    sim_prefs({.aircraft_path = acf, .start_code = "KSAF", .local_hours = 10, .cloud_kind = {3, 0}}));
+    // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport.
     EXPECT_THAT(run({"--seed=1"}),
-                AllOf(StartsWith("0|Hello, this is N172SP, a C172, planning a flight from Albuquerque Intl to Santa Fe "
-                                 "Muni. Estimated time of departure will be 1630 zulu, estimating "),
-                      HasSubstr("at 1600 zulu, Albuquerque Intl is reporting skies 5000 broken, visibility 10 miles."),
-                      HasSubstr("at 1600 zulu, Santa Fe Muni is reporting skies 5000 broken, "), EndsWith("|")));
+                testing::AllOf(StartsWith("0|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra. "
+                                          "Estimated time of departure will be 0930 zulu, estimating "),
+                               HasSubstr("at 900 zulu, Alpha is reporting skies 3300 broken, visibility 10 miles. "),
+                               HasSubstr("at 900 zulu, Sierra is reporting skies 3300 broken, "),
+                               testing::EndsWith("|")));
 }

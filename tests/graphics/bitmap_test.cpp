@@ -3,17 +3,48 @@
 
 #include <cstring>
 #include <filesystem>
+#include <functional>
 
 #include "graphics/bitmap.h"
 #include "shell/folders.h"
-#include "tests/support/bmp_writer.h"
 
+using Texel = std::vector<int>;
 static std::string last_progress;
+constexpr uint32_t BMP_MAGENTA = 0xFF00FF;
+
+struct BmpLayout {  // a small 24-bit BMP file whose header fields can be spoiled
+    int32_t width = 4, height = 4;
+    uint16_t magic = 19778;  // "BM"
+    uint16_t bits = 24;
+    uint32_t compression = 0;
+    std::function<uint32_t(int32_t x, int32_t y)> pixel = [](int32_t, int32_t) { return 0xFFFFFFu; };  // y up
+    size_t truncate_to = 0;  // non-zero: keep only this many bytes of the file
+};
+
+// The 54-byte header, then the bottom-up rows of blue, green, red, each padded to 4 bytes.
+static void bmp_write(const std::string& dir, const std::string& name, const BmpLayout& b) {
+    const int32_t w = b.width > 0 ? b.width : 0, h = b.height > 0 ? b.height : 0;
+    const uint32_t row = ((uint32_t)w * 3 + 3) / 4 * 4, size = row * (uint32_t)h;
+    const uint32_t fields[][2] = {{b.magic, 2}, {54 + size, 4}, {0, 2}, {0, 2}, {54, 4}, {40, 4},  // (value, bytes)
+                                  {(uint32_t)b.width, 4}, {(uint32_t)b.height, 4}, {1, 2}, {b.bits, 2},
+                                  {b.compression, 4}, {size, 4}, {2835, 4}, {2835, 4}, {0, 4}, {0, 4}};
+    std::string s;
+    for (const auto& f : fields)
+        for (uint32_t i = 0; i < f[1]; ++i) s.push_back((char)(f[0] >> (8 * i)));
+    for (int32_t y = 0; y < h; ++y) {
+        for (int32_t x = 0; x < w; ++x) {
+            const uint32_t c = b.pixel(x, y);
+            s += {(char)c, (char)(c >> 8), (char)(c >> 16)};
+        }
+        s.append(row - (uint32_t)w * 3, '\0');
+    }
+    if (b.truncate_to) s.resize(b.truncate_to);
+    test_write_file(dir, name, s);
+}
 
 class Bitmap : public Gfx {
 protected:
-    std::string root = test_temp_dir();
-    std::string dir = root + "Resources/bitmaps/";
+    std::string root = test_temp_dir(), dir = root + "Resources/bitmaps/";
     void SetUp() override {
         Gfx::SetUp();
         std::filesystem::create_directories(dir);
@@ -21,14 +52,14 @@ protected:
         progress_set([](const char* m) { last_progress = m; });
     }
     void TearDown() override { progress_set(nullptr); }
-    void write(const std::string& name, const BmpLayout& layout) { bmp_write(dir, name, layout); }
-    static std::vector<int> texel(const uint8_t* pixels, int row, int x, int y, int bpt) {
-        return std::vector<int>(pixels + (y * row + x) * bpt, pixels + (y * row + x + 1) * bpt);
+    static Texel texel(const uint8_t* pixels, int row, int x, int y, int bpt) {  // rows of `row` texels
+        return Texel(pixels + (y * row + x) * bpt, pixels + (y * row + x + 1) * bpt);
     }
-    static std::vector<int> texel(const GlUpload* up, int x, int y, int bpt) {
-        return texel(up->pixels.data(), up->width, x, y, bpt);
+    Texel uploaded(GLuint tex, int x, int y, int bpt) {  // of level 0
+        const GlUpload* up = gl.upload(tex, 0);
+        return up ? texel(up->pixels.data(), up->width, x, y, bpt) : Texel{};
     }
-    static std::vector<int> composed(int x, int y) { return texel(OGL_pixbuf, 1024, x, y, 4); }
+    static Texel composed(int x, int y) { return texel(OGL_pixbuf, 1024, x, y, 4); }
 };
 
 // A picture whose every pixel tells its place: red = x, green = y, blue = 7.
@@ -44,7 +75,7 @@ TEST_F(Bitmap, HeaderChecksEndTheProgramWithThePath) {
         {{.compression = 1, .truncate_to = 40}, "Bitmap is compressed!", "", ""},
         {{.truncate_to = 40}, "File-scanning error!", "grf_inf.fail", "file:"}};
     for (const auto& r : rows) {
-        write("bad.BMP", r.layout);
+        bmp_write(dir, "bad.BMP", r.layout);
         EXPECT_EXIT(OGL_texbmp(BMP_TEXTURE, 300, -106, "bad", nullptr, nullptr), testing::ExitedWithCode(0),
                     fatal_text(r.l1, r.l2, r.l3, dir + "bad.BMP"))
             << r.l1;
@@ -55,7 +86,7 @@ TEST_F(Bitmap, HeaderChecksEndTheProgramWithThePath) {
 }
 
 TEST_F(Bitmap, PathsProgressAndTheCheckerboardOfAMissingFile) {
-    write("pic.bmp", {.width = 2, .height = 2});
+    bmp_write(dir, "pic.bmp", {.width = 2, .height = 2});
     EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 400, -104, "pic.bmp", nullptr, nullptr), 1);
     EXPECT_EQ(last_progress, "Loading bitmap pic.bmp.");
     const std::string full = root + "Resources:bitmaps:pic.bmp";  // under the program folder already
@@ -63,60 +94,56 @@ TEST_F(Bitmap, PathsProgressAndTheCheckerboardOfAMissingFile) {
     EXPECT_EQ(last_progress, "Loading bitmap Resources:bitmaps:pic.bmp.");
 
     int32_t w = 0, h = 0;  // "pic" looks for pic.BMP, which is not there
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 402, -104, "gone", nullptr, nullptr), 0);  // in RGB
     EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 300, -106, "pic", &w, &h), 0);
-    EXPECT_EQ(std::pair(w, h), std::pair(16, 16));
-    std::vector<uint8_t> board;
+    EXPECT_TRUE(w == 16 && h == 16 && gl.upload(300, 0)->height == 16 && gl.upload(300, 0)->format == GL_RGBA);
     for (int t = 0; t < 256; ++t) {
-        const uint8_t g = (t % 16 + t / 16) % 2 ? 200 : 100;
-        board.insert(board.end(), {g, g, g, 255});
+        const int g = (t % 16 + t / 16) % 2 ? 200 : 100;
+        ASSERT_EQ(uploaded(300, t % 16, t / 16, 4), (Texel{g, g, g, 255})) << t;
+        ASSERT_EQ(uploaded(402, t % 16, t / 16, 3), (Texel{g, g, g})) << t;
     }
-    const GlUpload* up = gl.upload(300, 0);
-    EXPECT_TRUE(up->width == 16 && up->height == 16 && up->format == GL_RGBA && up->pixels == board);
-    EXPECT_EQ(gl.tex_params[300][GL_TEXTURE_MIN_FILTER], GL_NEAREST);
-    EXPECT_EQ(gl.tex_params[300][GL_TEXTURE_WRAP_S], GL_CLAMP);
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 402, -104, "gone", &w, &h), 0);  // RGB checkerboard
-    EXPECT_EQ(gl.upload(402, 0)->pixels.size(), 16u * 16u * 3u);
+    EXPECT_EQ(gl.tex_params[300],
+              (std::map<GLenum, GLint>{{GL_TEXTURE_MIN_FILTER, GL_NEAREST}, {GL_TEXTURE_MAG_FILTER, GL_NEAREST},
+                                       {GL_TEXTURE_WRAP_S, GL_CLAMP}, {GL_TEXTURE_WRAP_T, GL_CLAMP}}));
     EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 0, -104, "intro:english", &w, &h), testing::ExitedWithCode(0),
                 fatal_text("Can't open bitmap!", dir + "intro/english.BMP"));
 }
 
 TEST_F(Bitmap, RowsDropTheirPaddingAndTurnIntoTexels) {
     for (int32_t w : {1, 2, 4})  // 1 and 2 pixels: 1 and 2 padding bytes
-        for (int32_t filter : {-104, -106}) {
-            write("pad.BMP", {.width = w, .height = 4, .pixel = place_colour});
+        for (int32_t bpt : {3, 4}) {
+            bmp_write(dir, "pad.BMP", {.width = w, .height = 4, .pixel = place_colour});
             int32_t ow = 0, oh = 0;
-            ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, filter, "pad", &ow, &oh), 1);
-            EXPECT_EQ(std::pair(ow, oh), std::pair(w, 4));
+            ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, bpt == 3 ? -104 : -106, "pad", &ow, &oh), 1);
             std::vector<uint8_t> want;  // red x, green y, blue 7 and, in 4-byte texels, alpha 255
             for (int t = 0; t < w * 4; ++t) {
                 const uint8_t texel[4] = {(uint8_t)(t % w), (uint8_t)(t / w), 7, 255};
-                want.insert(want.end(), texel, texel + (filter == -104 ? 3 : 4));
+                want.insert(want.end(), texel, texel + bpt);
             }
-            EXPECT_EQ(gl.upload(400, 0)->pixels, want) << "width " << w << " filter " << filter;
+            EXPECT_EQ(std::tuple(ow, oh, gl.upload(400, 0)->pixels), std::tuple(w, 4, want)) << w << " " << bpt;
             EXPECT_EQ(gl.tex_params[400][GL_TEXTURE_MAG_FILTER], GL_LINEAR);
         }
 }
 
 TEST_F(Bitmap, ComposeLaysThePictureOverTheBufferAtItsPlace) {
-    write("odd.BMP", {.width = 101, .height = 3, .pixel = place_colour});  // rows of 303 + 1 bytes
+    bmp_write(dir, "odd.BMP", {.width = 101, .height = 3, .pixel = place_colour});  // rows of 303 + 1 bytes
     ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 0, -104, "odd", nullptr, nullptr), 1);
-    for (int y = 0; y < 3; ++y)
-        for (int x = 0; x < 101; ++x) ASSERT_EQ(composed(x, y), (std::vector<int>{x, y, 7, 255})) << x << "," << y;
+    for (int t = 0; t < 303; ++t) ASSERT_EQ(composed(t % 101, t / 101), (Texel{t % 101, t / 101, 7, 255})) << t;
     EXPECT_TRUE(gl.uploads.empty());
 
     memset(OGL_pixbuf, 9, 1024 * 64 * 4);
-    write("over.BMP", {.width = 4, .height = 2, .pixel = [](int32_t x, int32_t y) {
-                           return x == 1 && y == 0 ? BMP_MAGENTA : place_colour(x, y);
-                       }});
+    bmp_write(dir, "over.BMP", {.width = 4, .height = 2, .pixel = [](int32_t x, int32_t y) {
+                                    return x == 1 && y == 0 ? BMP_MAGENTA : place_colour(x, y);
+                                }});
     int32_t w = 0, h = 0;
     ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 10 * 10000 + 20, -104, "over", &w, &h), 1);
     EXPECT_EQ(std::pair(w, h), std::pair(4, 2));
-    EXPECT_EQ(composed(10, 20), (std::vector<int>{0, 0, 7, 255}));  // picture row 0 is the bottom
-    EXPECT_EQ(composed(13, 21), (std::vector<int>{3, 1, 7, 255}));
+    EXPECT_EQ(composed(10, 20), (Texel{0, 0, 7, 255}));  // picture row 0 is the bottom
+    EXPECT_EQ(composed(13, 21), (Texel{3, 1, 7, 255}));
     for (auto [x, y] : {std::pair{11, 20}, {9, 20}, {10, 22}})  // magenta leaves what was there
-        EXPECT_EQ(composed(x, y), (std::vector<int>{9, 9, 9, 9})) << x << "," << y;
+        EXPECT_EQ(composed(x, y), (Texel{9, 9, 9, 9})) << x << "," << y;
 
-    write("edge.BMP", {.width = 4, .height = 4});
+    bmp_write(dir, "edge.BMP", {.width = 4, .height = 4});
     EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 1022, -104, "edge", nullptr, nullptr), testing::ExitedWithCode(0),
                 fatal_text("OGL_texbmp data out of bounds!", dir + "edge.BMP",
                            "This may be a custom cockpit with an instrument too far off the edge... fix the panel in "
@@ -125,8 +152,8 @@ TEST_F(Bitmap, ComposeLaysThePictureOverTheBufferAtItsPlace) {
 
 TEST_F(Bitmap, AlphaFiltersAndMipmaps) {
     const uint32_t row[4] = {BMP_MAGENTA, 0x1E3C5C, 0xFFFFFF, BMP_MAGENTA};  // (30, 60, 92) second
-    write("a.BMP", {.width = 4, .height = 1, .pixel = [&](int32_t x, int32_t) { return row[x]; }});
-    const struct { int32_t index, filter, x; std::vector<int> want; } rows[] = {
+    bmp_write(dir, "a.BMP", {.width = 4, .height = 1, .pixel = [&](int32_t x, int32_t) { return row[x]; }});
+    const struct { int32_t index, filter, x; Texel want; } rows[] = {
         {260, -106, 0, {128, 128, 128, 0}},  // magenta: transparent grey (index 260 is not bled)
         {260, -106, 1, {30, 60, 92, 255}},   {260, -106, 3, {128, 128, 128, 0}},
         {400, -106, 0, {30, 60, 92, 0}},  // bled: the opaque neighbour's colour
@@ -135,7 +162,7 @@ TEST_F(Bitmap, AlphaFiltersAndMipmaps) {
     };
     for (const auto& r : rows) {
         OGL_texbmp(BMP_TEXTURE, r.index, r.filter, "a", nullptr, nullptr);
-        EXPECT_EQ(texel(gl.upload(r.index, 0), r.x, 0, 4), r.want) << r.index << " " << r.filter << " at " << r.x;
+        EXPECT_EQ(uploaded(r.index, r.x, 0, 4), r.want) << r.index << " " << r.filter << " at " << r.x;
     }
     OGL_texbmp(BMP_TEXTURE, 402, -109, "a", nullptr, nullptr);  // mipmapped: every level
     EXPECT_TRUE(gl.upload(402, 2) && !gl.upload(402, 3));
@@ -145,23 +172,21 @@ TEST_F(Bitmap, AlphaFiltersAndMipmaps) {
 TEST_F(Bitmap, ScalesDownToTheDriversMaximum) {
     gl.integers[GL_MAX_TEXTURE_SIZE] = 4;
     // 8 x 8: each 2 x 2 block averages; the block at (1, 1) has three magenta pixels.
-    write("big.BMP", {.width = 8, .height = 8, .pixel = [](int32_t x, int32_t y) -> uint32_t {
-                          if (x / 2 == 1 && y / 2 == 1 && !(x == 3 && y == 3)) return BMP_MAGENTA;
-                          return (uint32_t)(x * 10 + y) << 16 | 0x0000FFu;
-                      }});
+    bmp_write(dir, "big.BMP", {.width = 8, .height = 8, .pixel = [](int32_t x, int32_t y) -> uint32_t {
+                                   if (x / 2 == 1 && y / 2 == 1 && !(x == 3 && y == 3)) return BMP_MAGENTA;
+                                   return (uint32_t)(x * 10 + y) << 16 | 0x0000FFu;
+                               }});
     int32_t w, h;
     ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, -104, "big", &w, &h), 1);
-    EXPECT_EQ(std::pair(w, h), std::pair(4, 4));
-    const GlUpload* up = gl.upload(400, 0);
-    ASSERT_EQ(std::pair(up->width, up->height), std::pair(4, 4));
-    EXPECT_EQ(texel(up, 0, 0, 3), (std::vector<int>{5, 0, 255}));  // red 0, 10, 1, 11: 5 (cut)
-    EXPECT_EQ(texel(up, 2, 0, 3), (std::vector<int>{45, 0, 255}));
-    EXPECT_EQ(texel(up, 1, 1, 3), (std::vector<int>{255, 0, 255}));  // too few plain pixels
+    EXPECT_EQ(std::tuple(w, h, gl.upload(400, 0)->width, gl.upload(400, 0)->height), std::tuple(4, 4, 4, 4));
+    EXPECT_EQ(uploaded(400, 0, 0, 3), (Texel{5, 0, 255}));  // red 0, 10, 1, 11: 5 (cut)
+    EXPECT_EQ(uploaded(400, 2, 0, 3), (Texel{45, 0, 255}));
+    EXPECT_EQ(uploaded(400, 1, 1, 3), (Texel{255, 0, 255}));  // too few plain pixels
 
     // 3 x 2 with a maximum of 2: not a whole number of texels, so of every two rows the last
     // is kept, and of it every second pixel.
     gl.integers[GL_MAX_TEXTURE_SIZE] = 2;
-    write("odd.BMP", {.width = 3, .height = 2, .pixel = place_colour});
+    bmp_write(dir, "odd.BMP", {.width = 3, .height = 2, .pixel = place_colour});
     ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 401, -104, "odd", &w, &h), 1);
     EXPECT_EQ(std::pair(w, h), std::pair(2, 1));
     EXPECT_THAT(gl.upload(401, 0)->pixels, ElementsAre(0, 1, 7, 2, 1, 7));

@@ -1,10 +1,13 @@
-// The event pass and the message handler: pointer mapping, buttons, drawing, clock, tooltip.
+// The event pass, the message handler and key-downs: pointer mapping, buttons, drawing, the
+// tooltip, idle pacing, the key and character table, key classes and typed text.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
@@ -17,9 +20,14 @@
 #include "shell/pending_parts.h"
 #include "shell/shutdown.h"
 #include "tests/support/gl_recorder.h"
+#include "util/prefs.h"
 
 using P = std::pair<float, float>;
+using Call = std::pair<int32_t, int32_t>;  // key class, key
+using Calls = std::vector<Call>;
 static int draws = 0, swaps = 0;
+static Calls calls;  // what app_key received
+static const uint32_t S = PLAT_HELD_SHIFT, C = PLAT_HELD_CTRL, F = PLAT_VK_F1, K = PLAT_VK_NUMPAD0;
 static intptr_t xy(int x, int y) { return (intptr_t)(((uint32_t)y << 16) | (uint32_t)x); }
 
 class Loop : public testing::Test {
@@ -29,49 +37,49 @@ class Loop : public testing::Test {
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), event_loop_reset(), gl_caps_reset();
         for (int32_t t : {300, 311, 312, 313, 314, 315, 316, 317, 318, 319, 320, 321, 322}) OGL_tex_bytes[t] = 1;
         plat_reset_messages();
-        cur_screen = SCREEN_MAIN, open_menu = -1, quit_requested = draws = swaps = 0;
-        app_set_hooks([] { ++draws; }, nullptr, nullptr);
+        calls.clear();
+        cur_screen = SCREEN_MAIN, open_menu = -1, language = quit_requested = draws = swaps = 0;
+        app_set_hooks([] { ++draws; }, [](int32_t key_class, int32_t key) { calls.push_back({key_class, key}); },
+                      nullptr);
         OGL_set_swap([]() -> int32_t { return ++swaps; });
     }
     void TearDown() override { app_set_hooks(nullptr, nullptr, nullptr), OGL_set_swap(nullptr); }
-    // One pass, after `message` (if any) has been queued.
-    void pass(uint32_t message = 0, intptr_t lparam = 0) {
-        if (message) plat_post_message(PlatMessage{message, 0, lparam, 0});
+    // One pass, after a message (if any) has been queued as the window delivers it.
+    void pass(uint32_t message = 0, intptr_t lparam = 0, uintptr_t wparam = 0, uint32_t held = 0) {
+        if (message) plat_post_message(PlatMessage{message, wparam, lparam, held});
         MACIBM_event_pass();
     }
-    P clicked_down() { return P(ShellInput.mouse_clicked, ShellInput.mouse_down); }
+    void press(uint32_t vk, uint32_t held = 0) { pass(PLAT_MSG_KEYDOWN, 0, vk, held); }  // Shift, Ctrl: the message's
 };
+using Keys = Loop;
 
+// The scale and margins themselves are checked through the projection by the drawing tests.
 TEST_F(Loop, PointerInDesignUnitsForOtherWindowSizes) {
-    struct { float w, h; int px, py; float panel_x, panel_y, mouse_x, mouse_y, scale, margin_x, margin_y; } rows[] = {
-        {1024, 768, 0, 0, 0, 0, 0, 768, 1, 0, 0},              {1024, 768, 100, 700, 312, 274, -212, -206, 1, 0, 0},
-        {1280, 1024, 0, 1023, 0, 0, 0, 0.8f, 1.25f, 0, 51.2f}, {1536, 768, 256, 0, 0, 0, 0, 768, 1, 256, 0},
-        {1536, 768, 0, 0, 0, 0, -256, 768, 1, 256, 0},         {800, 600, 400, 300, 0, 0, 512, 384, 0.78125f, 0, 0}};
+    struct { float w, h; int px, py; float panel_x, panel_y, mouse_x, mouse_y; } rows[] = {
+        {1024, 768, 0, 0, 0, 0, 0, 768},      {1024, 768, 100, 700, 312, 274, -212, -206},
+        {1280, 1024, 0, 1023, 0, 0, 0, 0.8f}, {1536, 768, 256, 0, 0, 0, 0, 768},
+        {1536, 768, 0, 0, 0, 0, -256, 768},   {800, 600, 400, 300, 0, 0, 512, 384}};
     for (auto& r : rows) {
-        disp_width = r.w, disp_height = r.h;
+        disp_width = r.w, disp_height = r.h, panel_x = r.panel_x, panel_y = r.panel_y;
         design_space_fit();
-        panel_x = r.panel_x, panel_y = r.panel_y;
         MACIBM_window_proc(nullptr, PLAT_MSG_MOUSEMOVE, 0, xy(r.px, r.py));
-        EXPECT_FLOAT_EQ(ui_scale, r.scale);
-        for (auto [got, want] : {P(ui_margin_x, r.margin_x), P(ui_margin_y, r.margin_y),
-                                 P(ShellInput.mouse_x, r.mouse_x), P(ShellInput.mouse_y, r.mouse_y)})
-            EXPECT_NEAR(got, want, 1e-3) << r.w << "x" << r.h << " at " << r.px << "," << r.py;
+        EXPECT_EQ(P(ShellInput.mouse_x, ShellInput.mouse_y), P(r.mouse_x, r.mouse_y)) << r.w << " " << r.px;
     }
 }
 
 TEST_F(Loop, PressAndReleaseBetweenPassesLeaveAClick) {
     pass(PLAT_MSG_PAINT);
     for (uint32_t m : {PLAT_MSG_MOUSEMOVE, PLAT_MSG_LBUTTONDOWN}) plat_post_message(PlatMessage{m, 0, xy(10, 20), 0});
-    pass(PLAT_MSG_LBUTTONUP, xy(500, 500));
-    EXPECT_EQ(clicked_down(), P(1, 0));
+    // Clicked and down after each pass: a click lasts one pass; both buttons act alike.
+    const uint32_t messages[] = {PLAT_MSG_LBUTTONUP, PLAT_MSG_RBUTTONDOWN, 0, PLAT_MSG_RBUTTONUP};
+    std::string seen;
+    for (uint32_t m : messages) {
+        pass(m, xy(500, 500));
+        seen += std::to_string(ShellInput.mouse_clicked) + std::to_string(ShellInput.mouse_down) + " ";
+    }
+    EXPECT_EQ(seen, "10 11 01 00 ");
     EXPECT_EQ(P(ShellInput.mouse_x, ShellInput.mouse_y), P(10, 748));  // buttons do not move the pointer
-    pass(PLAT_MSG_RBUTTONDOWN);
-    EXPECT_EQ(clicked_down(), P(1, 1));
-    pass();
-    EXPECT_EQ(clicked_down(), P(0, 1));  // the click lasts one pass
-    pass(PLAT_MSG_RBUTTONUP);
-    EXPECT_EQ(clicked_down(), P(0, 0));
-    pass(PLAT_MSG_CLOSE);                 // the window manager's close ends the main loop
+    pass(PLAT_MSG_CLOSE);  // the window manager's close ends the main loop
     EXPECT_EQ(quit_requested, 1);
 }
 
@@ -129,4 +137,67 @@ TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
     uint32_t t0 = plat_ticks_ms();
     plat_pace(20000000, true);
     EXPECT_LT(plat_ticks_ms() - t0, 10000u);
+}
+
+// Every virtual key: its key code, and its character without and with Shift.
+TEST_F(Keys, TheWholeKeyAndCharacterTable) {
+    std::map<uint32_t, int32_t> codes = {
+        {PLAT_VK_LEFT, 0x7B00}, {PLAT_VK_UP, 0x7E00}, {PLAT_VK_RIGHT, 0x7C00}, {PLAT_VK_DOWN, 0x7D00}, {K + 1, 0x5300},
+        {K + 2, 0x5400}, {K + 3, 0x5500}, {K + 4, 0x5600}, {K + 5, 0x5700}, {K + 6, 0x5800}, {K + 8, 0x5B00},
+        {PLAT_VK_RETURN, 0x2400}, {PLAT_VK_TAB, 0x3000}, {PLAT_VK_SHIFT, -999}, {F, 0x7A00}, {F + 1, 0x7800},
+        {F + 2, 0x6300}, {F + 3, 0x7600}, {F + 4, 0x6000}, {F + 5, 0x6100}, {F + 6, 0x6200}, {F + 7, 0x6400},
+        {F + 8, 0x6500}, {PLAT_VK_INSERT, 0x6D00}, {F + 10, 0x6700}, {F + 11, 0x6F00}, {PLAT_VK_DELETE, 0x752F},
+        {PLAT_VK_BACK, 0x752F}};  // keypad 0, 7, 9 and F10 have none
+    std::map<uint32_t, std::pair<char, char>> chars;
+    const std::string keys = "1234567890\xBD\xBB\xDB\xDD\xBA\xBC\xBE\xBF\xC0\xDC", plain = "1234567890-=[];,./`\\",
+                      shifted = "!@#$%^&*()_+{}:<>?~|";
+    for (size_t i = 0; i < keys.size(); ++i) chars[(uint8_t)keys[i]] = {plain[i], shifted[i]};
+    for (char c = 'A'; c <= 'Z'; ++c) chars[(uint32_t)c] = {(char)(c + 32), c};
+    for (uint32_t vk = 1; vk < 256; ++vk) {
+        EXPECT_EQ(key_code_of(vk), codes.count(vk) ? codes[vk] : KEY_NONE) << "vk " << vk;
+        auto want = chars.count(vk) ? chars[vk] : std::pair((char)vk, (char)vk);  // others: the key's own byte
+        EXPECT_EQ(std::pair(key_char_of(vk, false, 0), key_char_of(vk, true, 0)), want) << "vk " << vk;
+    }
+    EXPECT_EQ(std::pair(key_char_of('6', false, 1), key_char_of('6', true, 1)), std::pair('-', '_'));  // French
+}
+
+// Letters with Shift or Ctrl, Ctrl alone, Left, Shift-Up, keypad 1 and minus, and what they type,
+// are checked through a real X window by tests/x11/window_input_test.sh.
+TEST_F(Keys, ClassesAndWhatAppKeyReceives) {
+    struct { uint32_t vk, held; Call call; } rows[] = {
+        {PLAT_VK_OEM_7, 0, {0, (int32_t)(signed char)0xDE}}, {K + 7, 0, {0, 'g'}},  // high bytes: negative
+        {PLAT_VK_TAB, C, {1, 0x3000}}, {K + 1, C, {1, 0x5300}}, {K + 8, 0, {1, 0x5B00}},  // moving wins over Ctrl
+        {PLAT_VK_LEFT, S, {1, 50001}}, {PLAT_VK_DOWN, S | C, {1, 50002}}, {PLAT_VK_RIGHT, S, {1, 50003}}};
+    for (auto& r : rows) {
+        calls.clear();
+        press(r.vk, r.held);
+        EXPECT_EQ(calls, Calls{r.call}) << "vk " << r.vk << " held " << r.held;
+        EXPECT_EQ(ShellInput.key_pressed, 1);
+    }
+}
+
+TEST_F(Keys, TypedTextFollowsTheKeys) {
+    struct { std::vector<std::pair<uint32_t, uint32_t>> keys; std::string text; } rows[] = {
+        {{{'A', 0}, {'B', 0}, {PLAT_VK_INSERT, 0}}, "a"}, {{{'A', 0}, {PLAT_VK_DELETE, 0}, {PLAT_VK_DELETE, 0}}, ""},
+        {{{PLAT_VK_OEM_MINUS, S}, {PLAT_VK_OEM_PLUS, 0}, {PLAT_VK_OEM_PLUS, S}}, ""},
+        {{{PLAT_VK_UP, 0}, {PLAT_VK_DOWN, S}, {PLAT_VK_TAB, 0}, {PLAT_VK_RETURN, 0}}, ""},
+        {{{'6', 0}, {PLAT_VK_SPACE, 0}, {'X', S}}, "6 X"}};
+    for (auto& r : rows) {
+        input_reset();
+        for (auto [vk, held] : r.keys) press(vk, held);
+        EXPECT_EQ(std::string(ShellInput.typed_text), r.text);
+        EXPECT_EQ(ShellInput.enter_pressed, r.keys.back().first == PLAT_VK_RETURN);
+    }
+    // The French 6 key gives "-": nothing typed, but app_key hears it; a dialog's keys (999) reach the
+    // text but not app_key.
+    calls.clear(), language = 1;
+    for (auto [screen, vk] : {std::pair<int32_t, uint32_t>(SCREEN_MAIN, '6'), {999, 'K'}, {998, 'L'}})
+        cur_screen = screen, press(vk);
+    EXPECT_EQ(std::string(ShellInput.typed_text), "6 Xkl");
+    EXPECT_EQ(calls, (Calls{{0, '-'}, {0, 'l'}}));
+    memset(ShellInput.typed_text, 'x', 499);  // full: a new character replaces the last one
+    press('B');
+    EXPECT_EQ(std::string(ShellInput.typed_text), std::string(498, 'x') + "b");
+    press(PLAT_VK_BACK);  // the character before position 498 goes, and the text ends there
+    EXPECT_EQ(std::string(ShellInput.typed_text), std::string(497, 'x'));
 }

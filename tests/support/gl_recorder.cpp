@@ -2,7 +2,9 @@
 // the few whose effect tests look at also keep that state.
 #include "tests/support/gl_recorder.h"
 
+#include <algorithm>
 #include <cstring>
+#include <sstream>
 
 #include "graphics/qgl.h"
 
@@ -40,20 +42,6 @@ void on(Fn<id_glColor4f>, GLfloat r, GLfloat g, GLfloat b, GLfloat a) {
     rec.color[0] = r, rec.color[1] = g, rec.color[2] = b, rec.color[3] = a;
 }
 void on(Fn<id_glColor3fv>, const GLfloat* v) { on(Fn<id_glColor4f>{}, v[0], v[1], v[2], 1.0f); }
-void on(Fn<id_glMatrixMode>, GLenum mode) { rec.matrix_mode = mode; }
-void projection(const char* name, std::vector<double> args) {
-    if (rec.matrix_mode == GL_PROJECTION) rec.projection = GlCall{name, args};
-}
-void on(Fn<id_glLoadIdentity>) { projection("", {}); }
-void on(Fn<id_glOrtho>, GLdouble l, GLdouble r, GLdouble b, GLdouble t, GLdouble n, GLdouble f) {
-    projection("glOrtho", {l, r, b, t, n, f});
-}
-void on(Fn<id_glFrustum>, GLdouble l, GLdouble r, GLdouble b, GLdouble t, GLdouble n, GLdouble f) {
-    projection("glFrustum", {l, r, b, t, n, f});
-}
-void on(Fn<id_glViewport>, GLint x, GLint y, GLsizei w, GLsizei h) {
-    rec.viewport[0] = x, rec.viewport[1] = y, rec.viewport[2] = w, rec.viewport[3] = h;
-}
 void set_cap(GLenum cap, bool enabled) {
     if (cap == GL_TEXTURE_2D) return (void)(rec.tex2d[rec.active_unit] = enabled);
     enabled ? (void)rec.caps.insert(cap) : (void)rec.caps.erase(cap);
@@ -73,9 +61,9 @@ void on(Fn<id_glTexImage2D>, GLenum, GLint level, GLint, GLsizei w, GLsizei h, G
     rec.uploads.push_back(GlUpload{rec.bound[rec.active_unit], level, w, h, format, {p, p + n}});
 }
 const GLubyte* on(Fn<id_glGetString>, GLenum name) {
-    const std::map<GLenum, const std::string*> strings = {{GL_VENDOR, &rec.vendor}, {GL_RENDERER, &rec.renderer},
-                                                          {GL_VERSION, &rec.version}, {GL_EXTENSIONS, &rec.extensions}};
-    return strings.count(name) ? reinterpret_cast<const GLubyte*>(strings.at(name)->c_str()) : nullptr;
+    const std::string* s = name == GL_VENDOR ? &rec.vendor : name == GL_RENDERER ? &rec.renderer
+                         : name == GL_VERSION ? &rec.version : name == GL_EXTENSIONS ? &rec.extensions : nullptr;
+    return s ? reinterpret_cast<const GLubyte*>(s->c_str()) : nullptr;
 }
 void on(Fn<id_glGetIntegerv>, GLenum p, GLint* v) {
     if (rec.integers.count(p)) *v = rec.integers[p];  // unknown queries leave the value untouched
@@ -117,10 +105,18 @@ GlRecorder& gl_recorder_install() {
     return rec;
 }
 
-int GlRecorder::count(const std::string& name, std::optional<double> arg0) const {
-    int n = 0;
-    for (const auto& c : calls) n += c.name == name && (!arg0 || (!c.args.empty() && c.args[0] == *arg0));
-    return n;
+int GlRecorder::count(const std::string& name) const {
+    return (int)std::count_if(calls.begin(), calls.end(), [&](const GlCall& c) { return c.name == name; });
+}
+
+std::string GlRecorder::text() const {
+    std::ostringstream out;  // default precision: 6 significant digits
+    for (const auto& c : calls) {
+        out << c.name << '(';
+        for (size_t i = 0; i < c.args.size(); ++i) out << (i ? "," : "") << c.args[i];
+        out << ")\n";
+    }
+    return out.str();
 }
 
 const GlUpload* GlRecorder::upload(GLuint tex, GLint level) const {

@@ -5,17 +5,9 @@
 
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
-
-#ifndef GL_TEXTURE0_ARB
-#define GL_TEXTURE0_ARB 0x84C0
-#endif
-#ifndef GL_MAX_TEXTURE_UNITS_ARB
-#define GL_MAX_TEXTURE_UNITS_ARB 0x84E2
-#endif
 
 constexpr int GLREC_UNITS = 4;
 
@@ -48,9 +40,6 @@ struct GlRecorder {
     int active_unit = 0;  // 0-based
     float color[4] = {1, 1, 1, 1}, texcoord[2] = {0, 0};
     bool depth_mask = true;
-    GLenum matrix_mode = GL_MODELVIEW;
-    GlCall projection;  // the glOrtho or glFrustum since the projection's glLoadIdentity
-    GLint viewport[4] = {0, 0, 0, 0};
     std::map<GLuint, std::map<GLenum, GLint>> tex_params;  // per texture name
 
     std::vector<GlPrim> prims;
@@ -60,7 +49,8 @@ struct GlRecorder {
     std::string vendor = "Recorder", renderer = "Recorder", version = "1.1.0", extensions = "";
     std::map<GLenum, GLint> integers = {{GL_MAX_TEXTURE_SIZE, 1024}, {GL_MAX_TEXTURE_UNITS_ARB, 4}};
 
-    int count(const std::string& name, std::optional<double> arg0 = {}) const;  // calls (with that first argument)
+    int count(const std::string& name) const;  // calls of that entry
+    std::string text() const;  // the calls as "name(arg,...)", one a line, numbers to 6 digits
     void clear_log() { calls.clear(), prims.clear(), uploads.clear(); }
     const GlUpload* upload(GLuint tex, GLint level) const;  // last upload of that level
 };

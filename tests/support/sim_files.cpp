@@ -2,15 +2,12 @@
 #include "tests/support/sim_files.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
-#include <sys/stat.h>
 
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
 #include "briefing/request.h"
 #include "briefing/weather.h"
-#include "tests/support/test_files.h"
 #include "util/file_reader.h"
 #include "util/text.h"
 
@@ -33,13 +30,6 @@ std::string sim_aircraft(const TestAircraft& a) {
     return s.substr(0, a.block_bytes < 0 ? s.size() : 5 + (size_t)a.block_bytes);
 }
 
-std::string sim_lang_res(float width, float height, float bits, int32_t full, int32_t lang, int32_t version) {
-    std::string s(25, 'i');
-    const void* fields[] = {&version, &width, &height, &bits, &full, &lang};
-    for (int k = 0; k < 6; ++k) memcpy(&s[1 + 4 * k], fields[k], 4);
-    return s;
-}
-
 // The simulator's record keeps its numbers as the writing machine holds them.
 std::string sim_prefs(const TestSimPrefs& p) {
     std::string s(1150, '\0');
@@ -55,20 +45,18 @@ std::string sim_prefs(const TestSimPrefs& p) {
     return s;
 }
 
-void sim_add_airport(const TestAirport& a) {
-    AirportTable& t = apt_table;
-    int32_t i = ++t.airport_count, r = ++t.runway_count;
-    strncpy(t.apt_code[i], a.code.c_str(), 4);
-    strncpy(t.apt_name[i], a.name.c_str(), 39);
-    t.apt_elev[i] = a.elev;
-    t.apt_first_rwy[i] = t.apt_last_rwy[i] = r;
-    t.rwy_lat[r] = a.lat;
-    t.rwy_lon[r] = a.lon;
-}
-
 void sim_set_airports(const std::vector<TestAirport>& airports) {
     apt_reset();
-    for (const TestAirport& a : airports) sim_add_airport(a);
+    AirportTable& t = apt_table;
+    for (const TestAirport& a : airports) {
+        int32_t i = ++t.airport_count, r = ++t.runway_count;
+        strncpy(t.apt_code[i], a.code.c_str(), 4);
+        strncpy(t.apt_name[i], a.name.c_str(), 39);
+        t.apt_elev[i] = a.elev;
+        t.apt_first_rwy[i] = t.apt_last_rwy[i] = r;
+        t.rwy_lat[r] = a.lat;
+        t.rwy_lon[r] = a.lon;
+    }
 }
 
 void sim_brief_reset(const std::string& dir) {
@@ -91,20 +79,4 @@ uint32_t sim_seed_for(const std::vector<std::pair<int, int>>& wanted) {
         }
         if (k == wanted.size()) return seed;
     }
-}
-
-std::string sim_folder(const std::string& dir, const std::vector<TestAirport>& airports,
-                       const std::vector<std::string>& metar) {
-    for (const char* sub : {"Resources", "Resources/Earth nav data", "Aircraft"}) mkdir((dir + sub).c_str(), 0755);
-    std::string apt = "I\n600 version\n", wx;
-    char line[256];
-    for (const TestAirport& a : airports) {
-        snprintf(line, sizeof line, "1 %.0f 1 0 %s %s\n10 %.6f %.6f 08x 80.00 5000 0 0 150 1\n", (double)a.elev,
-                 a.code.c_str(), a.name.c_str(), (double)a.lat, (double)a.lon);
-        apt += line;
-    }
-    test_write_file(dir + "Resources/Earth nav data/", "apt.dat", apt + "99\n");
-    for (const std::string& l : metar) wx += l + "\n";
-    if (!metar.empty()) test_write_file(dir, "metar.rwx", wx);
-    return dir;
 }

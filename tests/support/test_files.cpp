@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <sys/stat.h>
 
 std::string test_temp_dir() {
@@ -19,9 +19,8 @@ std::string test_write_file(const std::string& dir, const std::string& name, con
 }
 
 std::string test_read_file(const std::string& path) {
-    std::stringstream ss;
-    ss << std::ifstream(path, std::ios::binary).rdbuf();
-    return ss.str();
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 std::string test_shared_data() {

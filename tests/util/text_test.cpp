@@ -12,12 +12,6 @@ using testing::ExitedWithCode;
 using testing::HasSubstr;
 using S = std::string;
 
-static S too_long(const S& head) {
-    return test_alert_text("String too long!",
-                           "I can not repeat this entire string or I will overflow the alert procedure!",
-                           "Here is the first part of the string, though:", head);
-}
-
 TEST(Text, CopyJoinAppendUpTo499) {
     Text dst;
     str_copy(S(499, 'x').c_str(), dst);
@@ -31,16 +25,27 @@ TEST(Text, CopyJoinAppendUpTo499) {
     EXPECT_STREQ(dst, "xab");
 }
 
-TEST(TextDeathTest, FiveHundredIsFatalShowingTheFirst499) {
-    Text dst, full;
+// A copy of 500 characters is fatal in the preference tests.
+TEST(TextDeathTest, LimitsAreFatal) {
+    Text dst, full, spaces;
+    S ones, glyphs;
+    for (int i = 0; i < 250; ++i) ones += "1 ";  // 250 numbers in 499 characters need 500 bytes
+    for (int i = 0; i < 499; ++i) glyphs += (char)(i % 2 + 1);
     memset(full, 'c', sizeof full);  // no end inside the buffer
-    EXPECT_EXIT(str_copy((S(499, 'p') + "q").c_str(), dst), ExitedWithCode(0), HasSubstr(too_long(S(499, 'p'))));
-    EXPECT_EXIT(str_join(S(300, 'a').c_str(), S(300, 'b').c_str(), dst), ExitedWithCode(0),
-                HasSubstr(too_long(S(300, 'a') + S(199, 'b'))));
-    EXPECT_EXIT((str_copy(S(499, 'y').c_str(), dst), str_append(dst, "z")), ExitedWithCode(0),
-                HasSubstr(too_long(S(499, 'y'))));
+    memset(spaces, ' ', sizeof spaces);
+    auto too_long = [](const S& head) {
+        return HasSubstr(test_alert_text("String too long!",
+                                         "I can not repeat this entire string or I will overflow the alert procedure!",
+                                         "Here is the first part of the string, though:", head));
+    };
+    EXPECT_EXIT(str_join(S(300, 'a').c_str(), S(200, 'b').c_str(), dst), ExitedWithCode(0),
+                too_long(S(300, 'a') + S(199, 'b')));
+    EXPECT_EXIT((str_copy(S(499, 'y').c_str(), dst), str_append(dst, "z")), ExitedWithCode(0), too_long(S(499, 'y')));
+    EXPECT_EXIT(str_nums_to_glyphs(strcpy(dst, ones.substr(0, 499).c_str())), ExitedWithCode(0), too_long(glyphs));
     EXPECT_EXIT(str_same_nocase("x", full), ExitedWithCode(0),
                 HasSubstr(test_alert_text("Opps! String too long!", S(499, 'c'), "", "")));
+    EXPECT_EXIT(str_nums_to_glyphs(spaces), ExitedWithCode(0),
+                HasSubstr(test_alert_text("Too many characters in a line!", "", "", "")));
 }
 
 TEST(Text, NumberText) {
@@ -60,16 +65,15 @@ TEST(Text, NumberText) {
 }
 
 TEST(Text, CompareSearchCaseAndClock) {
-    EXPECT_EQ(str_same_nocase("ACF", "acf"), 0);
-    EXPECT_LT(str_same_nocase("abc", "ABD"), 0);
-    EXPECT_GT(str_same_nocase("b", "A"), 0);
+    for (auto [a, b, sign] : {std::tuple{"ACF", "acf", 0}, {"abc", "ABD", -1}, {"b", "A", 1}})
+        EXPECT_EQ((str_same_nocase(a, b) > 0) - (str_same_nocase(a, b) < 0), sign) << a << " " << b;
     for (auto [needle, hay, in] :
          {std::tuple{"abc", "xxabcx", 1}, {"", "abc", 1}, {"abcd", "abc", 0}, {"ABC", "abc", 0}})
         EXPECT_EQ(str_contains(needle, hay), in) << needle << " in " << hay;
-    char c[] = "a[Z@";
-    for (int i : {0, 1, 3}) char_upper(&c[i]);
-    char_lower(&c[2]);
-    EXPECT_STREQ(c, "A[z@");
+    char c[] = "a`{Z@[";  // each range with the bytes around it
+    for (int i : {0, 1, 2}) char_upper(&c[i]);
+    for (int i : {3, 4, 5}) char_lower(&c[i]);
+    EXPECT_STREQ(c, "A`{z@[");
     for (auto [s, hm] : {std::pair{2 * 3600 + 2 * 60 + 5.5f, std::pair(2, 2)}, {59.9f, {0, 0}}, {86399.f, {23, 59}}}) {
         std::pair<int32_t, int32_t> got;
         secs_to_hm(s, &got.first, &got.second);
@@ -78,21 +82,8 @@ TEST(Text, CompareSearchCaseAndClock) {
 }
 
 TEST(Text, NumbersToGlyphs) {
+    Text line;
     for (auto [in, out] : {std::pair<S, S>{"0 126 127 999", "\x01\x01\x01\x7f\x02\x01\x08\x6f"}, {"=0 1", "=0 1"},
-                           {"-5", "-5"}, {"1234", "\x01\x7c\x01\x05"}, {"   ", ""}}) {  // a 4th digit starts a number
-        char line[500];
+                           {"-5", "-5"}, {"1234", "\x01\x7c\x01\x05"}, {"   ", ""}})  // a 4th digit starts a number
         EXPECT_EQ(S(str_nums_to_glyphs(strcpy(line, in.c_str()))), out) << in;
-    }
-}
-
-TEST(TextDeathTest, GlyphLimits) {
-    char line[500], spaces[500];
-    S ones, head;
-    for (int i = 0; i < 250; ++i) ones += "1 ";  // 250 numbers in 499 characters need 500 bytes
-    for (int i = 0; i < 499; ++i) head += (char)(i % 2 + 1);
-    EXPECT_EXIT(str_nums_to_glyphs(strcpy(line, ones.substr(0, 499).c_str())), ExitedWithCode(0),
-                HasSubstr(too_long(head)));
-    memset(spaces, ' ', sizeof spaces);  // no end inside the buffer
-    EXPECT_EXIT(str_nums_to_glyphs(spaces), ExitedWithCode(0),
-                HasSubstr(test_alert_text("Too many characters in a line!", "", "", "")));
 }
