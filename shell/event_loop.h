@@ -5,11 +5,11 @@
 // Passes are kept to at most about 120 a second where the swap does not wait for the display.
 constexpr uint32_t PASS_MIN_INTERVAL_US = 8333;
 // After this long without any window message, and while the frame draws no pulsing
-// colour, the loop is idle: passes slow to four a second (a software renderer then costs a
+// colour, the loop is idle: passes slow to two a second (a software renderer then costs a
 // few percent of a core instead of all of it), and the first message ends the wait at once.
 // A frame that pulses keeps the full pace, so its animation stays smooth.
 constexpr float PASS_IDLE_AFTER_SECS = 3.0f;
-constexpr uint32_t PASS_IDLE_INTERVAL_US = 250000;
+constexpr uint32_t PASS_IDLE_INTERVAL_US = 500000;
 
 // One pass of the main loop (and of every modal loop).
 void MACIBM_event_pass();

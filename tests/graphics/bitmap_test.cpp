@@ -72,6 +72,7 @@ TEST_F(Bitmap, HeaderChecksEndTheProgramWithThePath) {
         {{.width = 1025, .height = 2000}, "Bitmap too wide! (max is 1024)", "", ""},
         {{.height = 2000, .bits = 32}, "Bitmap too tall! (max is 1024)", "", ""},
         {{.bits = 8, .compression = 1}, "Wrong bitmap color depth for texture!", "We need 24-bit color.", ""},
+        {{.bits = 32}, "Wrong bitmap color depth for texture!", "We need 24-bit color.", ""},
         {{.compression = 1, .truncate_to = 40}, "Bitmap is compressed!", "", ""},
         {{.truncate_to = 40}, "File-scanning error!", "grf_inf.fail", "file:"}};
     for (const auto& r : rows) {
