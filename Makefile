@@ -34,7 +34,8 @@ bench: build
 
 # Fuzzes the file readers for FUZZ_SECONDS (clang's libFuzzer), starting from the sample world.
 FUZZ_SECONDS ?= 300
-fuzz: deps
+fuzz:
+	@bash scripts/install-deps.sh fuzz
 	CXX=clang++ cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVOCALOG_FUZZ=ON -DVOCALOG_TESTS=OFF -DVOCALOG_BENCH=OFF
 	cmake --build build-fuzz -j $(JOBS) --target fuzz_readers vocalog-gen-prefs
 	@bash scripts/fuzz.sh build-fuzz $(FUZZ_SECONDS)

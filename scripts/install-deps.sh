@@ -8,6 +8,8 @@ packages=(
   libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri
   xvfb xauth xdotool
 )
+# `install-deps.sh fuzz`: also clang and its fuzzer runtime, for `make fuzz`.
+[ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()
 for p in "${packages[@]}"; do
