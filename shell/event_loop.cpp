@@ -32,7 +32,7 @@ void event_loop_reset() {
 }
 
 uint32_t pass_interval_us(float elapsed_secs, float last_message, bool animated) {
-    bool idle = !animated && elapsed_secs - last_message > PASS_IDLE_AFTER_SECS;
+    const bool idle = !animated && elapsed_secs - last_message > PASS_IDLE_AFTER_SECS;
     return idle ? PASS_IDLE_INTERVAL_US : PASS_MIN_INTERVAL_US;
 }
 

@@ -34,15 +34,11 @@ bool fio_type_is_binary(int32_t type) {
     }
 }
 
-static bool read_raw4(unsigned char out[4]);
-
-// Skips white space; false when the data ends before anything else.
-static bool data_follows(FileStream* s) {
-    for (int c = fs_peek(s); c >= 0; c = fs_peek(s)) {
-        if (c != ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\v' && c != '\f') return true;
-        fs_get(s);
-    }
-    return false;
+// Four raw bytes in the file's byte order, or false at the end of the data.
+static bool read_raw4(unsigned char out[4]) {
+    if (fs_read(fio_stream(), out, 4) != 4) return false;
+    if (fio_swap == 1) fio_swap4(out);
+    return true;
 }
 
 int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
@@ -81,7 +77,7 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
             if (!read_raw4(b)) return 0;
             memcpy(&found, b, 4);
         } else {
-            if (!data_follows(s)) return 0;
+            if (!fs_skip_space(s)) return 0;
             found = fio_read_int(path);
         }
         if (found != version) {
@@ -119,12 +115,6 @@ void fio_swap4(void* p) {
     b[2] = t;
 }
 
-// Four raw bytes in the file's byte order, or false at the end of the data.
-static bool read_raw4(unsigned char out[4]) {
-    if (fs_read(fio_stream(), out, 4) != 4) return false;
-    if (fio_swap == 1) fio_swap4(out);
-    return true;
-}
 
 int32_t fio_read_int(const char* label) {
     int32_t v = 0;

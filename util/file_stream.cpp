@@ -119,7 +119,7 @@ static bool is_space(int c) {
 
 // The sentry of a formatted read: fails on an unclean stream, else skips white space.
 // Returns false (with FS_EOF | FS_FAIL) when the data ends first.
-static bool skip_space(FileStream* s) {
+bool fs_skip_space(FileStream* s) {
     if (s->state) {
         s->state |= FS_FAIL;
         return false;
@@ -235,7 +235,7 @@ static bool convert_int(FileStream* s, const char* p, const char* end, int32_t* 
 
 bool fs_read_int(FileStream* s, int32_t* out) {
     *out = 0;
-    if (!skip_space(s)) return false;
+    if (!fs_skip_space(s)) return false;
     // Fast path: a token of at most 18 digits that ends inside the buffered window.
     const unsigned char* p = s->block + s->pos;
     const unsigned char* q = p;
@@ -310,7 +310,7 @@ static bool quick_float(const char* p, const char* end, float* out) {
 
 bool fs_read_float(FileStream* s, float* out) {
     *out = 0;
-    if (!skip_space(s)) return false;
+    if (!fs_skip_space(s)) return false;
     // Fast path: scan and convert in one pass when the token ends inside the window.
     const unsigned char* p0 = s->block + s->pos;
     const unsigned char* q = number_end(p0, true);
@@ -352,7 +352,7 @@ bool fs_read_float(FileStream* s, float* out) {
 }
 
 bool fs_read_char(FileStream* s, char* out) {
-    if (!skip_space(s)) return false;
+    if (!fs_skip_space(s)) return false;
     int c = take(s);
     *out = (char)c;
     return true;

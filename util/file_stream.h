@@ -36,5 +36,7 @@ size_t fs_read(FileStream* s, void* dst, size_t count);
 // that cannot belong to it, which stays unread. No digits (or a bad exponent) fails.
 bool fs_read_int(FileStream* s, int32_t* out);
 bool fs_read_float(FileStream* s, float* out);
+// Skips white space; false (end of data, or a stream already not clean) when nothing else follows.
+bool fs_skip_space(FileStream* s);
 // One character after skipping white space.
 bool fs_read_char(FileStream* s, char* out);
