@@ -3,7 +3,7 @@
 
 #include "briefing/airport_index.h"
 #include "briefing/airports.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "util/file_reader.h"
 
 // Brought into 0..360 once: below 0 gains 360, above 360 loses 360.
@@ -81,16 +81,11 @@ void fio_start_line(float* lat, float* lon, float* heading, int32_t read) {
     *heading = h;
 }
 
-[[noreturn]] static void too_many(const char* what) {
-    MACIBM_alert(0, what, "", "", "", ALERT_FATAL);
-    alert_fatal_end();
-}
-
 static void airport_record() {
     AirportTable& t = apt_table;
     int32_t k = t.airport_count++;
     if (k % 400 == 0) MACIBM_progress("Scanning airports.");
-    if (t.airport_count >= APT_MAX) too_many("Too many airports in apt.dat file!");
+    if (t.airport_count >= APT_MAX) MACIBM_fatal("Too many airports in apt.dat file!");
     int32_t i = t.airport_count;
     fio_apt_line(&t.apt_elev[i], &t.apt_tower[i], &t.apt_bldg[i], t.apt_code[i], t.apt_name[i], 1);
     t.apt_first_rwy[i] = t.runway_count + 1;
@@ -104,7 +99,7 @@ static void runway_record() {
     }
     int32_t k = t.runway_count++;
     if (k % 400 == 0) MACIBM_progress("Scanning airports.");
-    if (t.runway_count >= RWY_MAX) too_many("Too many runways in apt.dat file!");
+    if (t.runway_count >= RWY_MAX) MACIBM_fatal("Too many runways in apt.dat file!");
     int32_t r = t.runway_count;
     fio_rwy_line(&t.rwy_lat[r], &t.rwy_lon[r], t.rwy_num[r], &t.rwy_hdg[r], &t.rwy_len[r], &t.rwy_ovr1[r],
                  &t.rwy_ovr2[r], &t.rwy_width[r], &t.rwy_code[r], 1);

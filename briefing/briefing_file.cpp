@@ -5,8 +5,8 @@
 
 #include "briefing/composer.h"
 #include "briefing/request.h"
-#include "shell/alert.h"
-#include "shell/shutdown.h"
+#include "base/alert.h"
+#include "base/shutdown.h"
 #include "util/prefs.h"
 
 void brief_put_paragraphs(OutFile* f) {

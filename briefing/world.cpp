@@ -1,12 +1,13 @@
 // Loads what a briefing needs: the airport list, the weather source and the aircraft.
+#include "briefing/sim_prefs.h"
 #include "briefing/world.h"
 
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
 #include "briefing/request.h"
 #include "briefing/weather.h"
-#include "shell/alert.h"
-#include "shell/folders.h"
+#include "base/alert.h"
+#include "util/folders.h"
 #include "util/file_reader.h"
 #include "util/prefs.h"
 #include "util/text.h"
@@ -45,13 +46,11 @@ int32_t brief_load_world() {
     if (!weather) {
         Text path;
         str_copy(folders.path[FOLDER_SIM_PREFS], path);
-        if (!fio_prefs(PREF_SIM, PREF_READ, path)) {
-            MACIBM_alert(0, "I could not find an Zephyra prefs file or a Metar.rwx weather file!",
+        if (!brief_read_sim_prefs(path)) {
+            MACIBM_fatal("I could not find an Zephyra prefs file or a Metar.rwx weather file!",
                          "In other words, I have no weather to give you a briefing with!",
                          "Download the current weather file from the Zephyra home page, or at least run Zephyra "
-                         "once before you request a briefing!",
-                         "", ALERT_FATAL);
-            alert_fatal_end();
+                         "once before you request a briefing!");
         }
     }
     brief_req.altitude = 5000.0f;

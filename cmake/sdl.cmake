@@ -16,11 +16,10 @@ target_link_libraries(vocalog_platform_sdl PUBLIC PkgConfig::SDL2)
 # The program's code with the windowed layer. GL entry points come through SDL's look-up,
 # so no GL library is linked; the GL headers are all that is needed.
 add_library(vocalog_gui INTERFACE)
-target_link_libraries(vocalog_gui INTERFACE
-  "$<LINK_GROUP:RESCAN,vocalog_core,vocalog_platform_sdl>" PkgConfig::SDL2)
+target_link_libraries(vocalog_gui INTERFACE vocalog_core vocalog_platform_sdl PkgConfig::SDL2)
 
-if(EXISTS ${CMAKE_SOURCE_DIR}/shell/gl_check_main.cpp)
-  add_executable(vocalog-gl-check ${CMAKE_SOURCE_DIR}/shell/gl_check_main.cpp)
+if(EXISTS ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
+  add_executable(vocalog-gl-check ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
   target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
 endif()
 

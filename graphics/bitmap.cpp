@@ -7,16 +7,12 @@
 #include "graphics/gl_state.h"
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
-#include "shell/alert.h"
-#include "shell/folders.h"
+#include "base/alert.h"
+#include "util/folders.h"
 #include "util/paths.h"
 #include "util/text.h"
 
 namespace {
-
-void fatal(const char* l1, const char* l2, const char* l3, const char* l4) {
-    MACIBM_alert(0, l1, l2, l3, l4, ALERT_FATAL);
-}
 
 bool is_magenta(const uint8_t* t) { return t[0] == 255 && t[1] == 0 && t[2] == 255; }
 
@@ -57,13 +53,13 @@ BmpHeader read_header(FILE* f) {
 }
 
 void check_header(const BmpHeader& h, const char* path) {
-    if (h.magic != 19778) fatal("Trying to read a texture bitmap that is not a bitmap", "", "", path);
-    if (h.width > 1024) fatal("Bitmap too wide! (max is 1024)", "", "", path);
-    if (h.height > 1024) fatal("Bitmap too tall! (max is 1024)", "", "", path);
-    if (h.bits != 24) fatal("Wrong bitmap color depth for texture!", "We need 24-bit color.", "", path);
-    if (h.compression != 0) fatal("Bitmap is compressed!", "", "", path);
-    if (h.failed) fatal("File-scanning error!", "grf_inf.fail", "file:", path);
-    if (h.width > 1024 || h.height > 1024) fatal("Too big a bitmap to read!", "", "", path);
+    if (h.magic != 19778) MACIBM_fatal("Trying to read a texture bitmap that is not a bitmap", "", "", path);
+    if (h.width > 1024) MACIBM_fatal("Bitmap too wide! (max is 1024)", "", "", path);
+    if (h.height > 1024) MACIBM_fatal("Bitmap too tall! (max is 1024)", "", "", path);
+    if (h.bits != 24) MACIBM_fatal("Wrong bitmap color depth for texture!", "We need 24-bit color.", "", path);
+    if (h.compression != 0) MACIBM_fatal("Bitmap is compressed!", "", "", path);
+    if (h.failed) MACIBM_fatal("File-scanning error!", "grf_inf.fail", "file:", path);
+    if (h.width > 1024 || h.height > 1024) MACIBM_fatal("Too big a bitmap to read!", "", "", path);
 }
 
 // The texel of a missing bitmap: a 16 x 16 grey checkerboard.
@@ -140,7 +136,7 @@ void read_rows(FILE* f, const char* path, bool compose, int32_t px, int32_t py, 
             int32_t bx = ogl_round((float)px + (float)c * scale);
             int64_t off = ((int64_t)by * buf_row + bx) * bpt;
             if (off < 0 || off + bpt > OGL_PIXBUF_SIZE)
-                fatal("OGL_texbmp data out of bounds!", path,
+                MACIBM_fatal("OGL_texbmp data out of bounds!", path,
                       "This may be a custom cockpit with an instrument too far off the edge... fix the panel in Hullwright!",
                       "");
             uint8_t* d = OGL_pixbuf + off;
@@ -196,7 +192,7 @@ int32_t OGL_texbmp(int32_t mode, int32_t where, int32_t filter, const char* name
         str_append(line, ".");
         MACIBM_progress(line);
     }
-    if (filter < -109 || filter > -104) fatal("Bad filter type!", "", "", name);
+    if (filter < -109 || filter > -104) MACIBM_fatal("Bad filter type!", "", "", name);
 
     const int32_t px = compose ? where / 10000 : 0;
     const int32_t py = compose ? where % 10000 : 0;
@@ -208,7 +204,7 @@ int32_t OGL_texbmp(int32_t mode, int32_t where, int32_t filter, const char* name
     int32_t width = 16, height = 16;
     FILE* f = fopen(path, "rb");
     if (!f) {
-        if (compose) fatal("Can't open bitmap!", path, "", "");
+        if (compose) MACIBM_fatal("Can't open bitmap!", path, "", "");
         checkerboard(bpt);
     } else {
         BmpHeader h = read_header(f);
@@ -244,7 +240,7 @@ int32_t OGL_texbmp(int32_t mode, int32_t where, int32_t filter, const char* name
         width = ogl_round((float)width * scale);
         height = ogl_round((float)height * scale);
         if (width < 1 || width > 1024 || height < 1 || height > 1024)
-            fatal("OGL_mini_me: Trying to create a texture either less than 1 or greater than 1024 in dimension!",
+            MACIBM_fatal("OGL_mini_me: Trying to create a texture either less than 1 or greater than 1024 in dimension!",
                   "I cannot do this!",
                   "ZERO-dim textures are invalid for OpenGL, and textures greater than 1024 are invalid for Zephyra!",
                   path);

@@ -5,7 +5,7 @@
 
 #include "graphics/gl_state.h"
 #include "graphics/qgl.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "util/random.h"
 
 #ifndef GL_TEXTURE0_ARB
@@ -39,14 +39,10 @@ int32_t ogl_texel_bytes(GLenum format) {
     return format == GL_ALPHA ? 1 : format == GL_RGB ? 3 : 4;
 }
 
-static void fatal(const char* l1, const char* l2, const char* l3, const char* l4) {
-    MACIBM_alert(0, l1, l2, l3, l4, ALERT_FATAL);
-}
-
 void OGL_bind_tex(int32_t index, int32_t unit) {
-    if (unit < 1 || unit > 4) fatal("Too many texture units requested!", "", "", "");
-    if (index < 0 || index >= OGL_TEX_COUNT) fatal("Too many textures requested!", "", "", "");
-    if (OGL_tex_bytes[index] == 0) fatal("Trying to bind an un-inited tex!", "", "", "");
+    if (unit < 1 || unit > 4) MACIBM_fatal("Too many texture units requested!", "", "", "");
+    if (index < 0 || index >= OGL_TEX_COUNT) MACIBM_fatal("Too many textures requested!", "", "", "");
+    if (OGL_tex_bytes[index] == 0) MACIBM_fatal("Trying to bind an un-inited tex!", "", "", "");
     if (bound_cache[unit - 1] == index) return;
     bound_cache[unit - 1] = index;
     if (gl_tex_units == 1 || !qglActiveTextureARB) {
@@ -74,10 +70,10 @@ static bool power_of_two(int32_t size) {
 // The dimension and index checks shared by the upload and the mipmap builder.
 static void check_dims_and_index(const char* who_dim, const char* who_low, const char* who_high,
                                  const char* name, int32_t index, int32_t width, int32_t height) {
-    if (width < 1 || width > 1024) fatal(who_dim, DIM_LINE2, DIM_LINE3, name);
-    if (height < 1 || height > 1024) fatal(who_dim, DIM_LINE2, DIM_LINE3, name);
-    if (index < 0) fatal(who_low, name, "", "");
-    if (index >= OGL_TEX_COUNT) fatal(who_high, name, "", "");
+    if (width < 1 || width > 1024) MACIBM_fatal(who_dim, DIM_LINE2, DIM_LINE3, name);
+    if (height < 1 || height > 1024) MACIBM_fatal(who_dim, DIM_LINE2, DIM_LINE3, name);
+    if (index < 0) MACIBM_fatal(who_low, name, "", "");
+    if (index >= OGL_TEX_COUNT) MACIBM_fatal(who_high, name, "", "");
 }
 
 // Indices whose textures repeat; every other index clamps.
@@ -89,7 +85,7 @@ static bool repeats(int32_t i) {
 void OGL_load_tex(const char* name, int32_t index, int32_t level, GLenum format, int32_t width,
                   int32_t height, const uint8_t* pixels) {
     if (!power_of_two(width) || !power_of_two(height))
-        fatal("OGL_load_tex: Trying to read a texture that is not a power of 2!", name, "", "");
+        MACIBM_fatal("OGL_load_tex: Trying to read a texture that is not a power of 2!", name, "", "");
     check_dims_and_index("OGL_load_tex: Trying to create a texture either less than 1 or greater than 1024 in dimension!",
                          "OGL_load_tex: Trying to bind too low  a texture index!",
                          "OGL_load_tex: Trying to bind too high a texture index!", name, index, width, height);

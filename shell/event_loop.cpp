@@ -9,11 +9,15 @@
 #include "graphics/primitives.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
-#include "shell/gl_caps.h"
-#include "shell/input.h"
-#include "shell/pending_parts.h"
-#include "shell/shutdown.h"
-#include "shell/window.h"
+#include "window/gl_caps.h"
+#include "window/input.h"
+#include "kit/boxes.h"
+#include "kit/font.h"
+#include "shell/keydown.h"
+#include "shell/menus.h"
+#include "shell/screens.h"
+#include "base/shutdown.h"
+#include "window/window.h"
 
 static int32_t window_painted = 0;
 static bool clock_started = false;

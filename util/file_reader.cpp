@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "util/paths.h"
 
 int32_t fio_cur_slot = 0;
@@ -43,8 +43,7 @@ static bool read_raw4(unsigned char out[4]) {
 
 int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
     if (fio_cur_slot < 0 || fio_cur_slot >= FIO_SLOTS) {
-        MACIBM_alert(0, "Bad file-use index!", "", "", "", ALERT_FATAL);
-        alert_fatal_end();
+        MACIBM_fatal("Bad file-use index!", "", "", "");
     }
     path_to_platform(path);
     FileStream* s = fio_stream();
@@ -83,16 +82,13 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
         if (found != version) {
             if (warn != 1) return 0;
             if (type == 3)
-                MACIBM_alert(0, "The following file is the wrong version aircraft for this version of Zephyra:",
+                MACIBM_fatal("The following file is the wrong version aircraft for this version of Zephyra:",
                              path,
                              "You MAY be able to get the aircraft up to date by opening it and re-saving it in Hullwright.",
-                             "Hullwright can open some older format aircraft and then, when you save them, saves them in the newest format, which Zephyra always needs.",
-                             ALERT_FATAL);
-            else
-                MACIBM_alert(0, "The following file is the wrong version for this version of Zephyra:", path,
+                             "Hullwright can open some older format aircraft and then, when you save them, saves them in the newest format, which Zephyra always needs.");
+            MACIBM_fatal("The following file is the wrong version for this version of Zephyra:", path,
                              "Throw that file away. You should only use the files that came with the program.",
-                             "You may have to re-install Zephyra from the CD.", ALERT_FATAL);
-            alert_fatal_end();
+                             "You may have to re-install Zephyra from the CD.");
         }
         if (!binary) fio_read_line(fio_line_buf, 500);
     }
@@ -101,8 +97,7 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
 
 void fio_scan_ok(const char* label) {
     if (!(fio_stream()->state & (FS_FAIL | FS_BAD))) return;
-    MACIBM_alert(0, "File-scanning error!", "", "file:", label, ALERT_FATAL);
-    alert_fatal_end();
+    MACIBM_fatal("File-scanning error!", "", "file:", label);
 }
 
 void fio_swap4(void* p) {

@@ -1,13 +1,8 @@
 // Turns a menu line of decimal glyph numbers into the two-byte codes the glyph faces draw.
 #include <cstring>
 
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "util/text.h"
-
-[[noreturn]] static void glyph_fail(const char* what) {
-    MACIBM_alert(0, what, "", "", "", ALERT_FATAL);
-    alert_fatal_end();
-}
 
 // Grammar: line := { blank* number } ; number := 1 to 3 non-blank characters, each
 // weighed by digit_value; a fourth character without a blank before it starts the
@@ -19,16 +14,16 @@ char* str_nums_to_glyphs(char* line) {
     int pos = 0;
     for (;;) {
         while (pos < STR_SIZE && line[pos] == ' ') ++pos;
-        if (pos >= STR_SIZE) glyph_fail("Too many characters in a line!");
+        if (pos >= STR_SIZE) MACIBM_fatal("Too many characters in a line!");
         if (!line[pos]) break;
         int32_t value = digit_value(line[pos++]);
         for (int extra = 0; extra < 2; ++extra) {
-            if (pos >= STR_SIZE) glyph_fail("Too many characters in a line!");
+            if (pos >= STR_SIZE) MACIBM_fatal("Too many characters in a line!");
             if (line[pos] == ' ' || line[pos] == 0) break;
             value = value * 10 + digit_value(line[pos++]);
         }
         if (value < 0) continue;
-        if (out + 2 > STR_SIZE) glyph_fail("Too many numbers in a line!");
+        if (out + 2 > STR_SIZE) MACIBM_fatal("Too many numbers in a line!");
         result[out++] = (char)(value / 127 + 1);
         result[out++] = (char)(value % 127 + 1);
     }

@@ -3,12 +3,8 @@
 
 #include <cstring>
 
-#include "briefing/airports.h"
-#include "briefing/phrasing.h"
-#include "briefing/request.h"
-#include "briefing/weather.h"
-#include "shell/alert.h"
-#include "shell/shutdown.h"
+#include "base/alert.h"
+#include "base/shutdown.h"
 #include "util/file_reader.h"
 #include "util/paths.h"
 #include "util/text.h"
@@ -45,8 +41,7 @@ int32_t fio_save(char* path, int32_t type, int32_t version) {
         out_text(&fio_out, " version\n");
     }
     if (!out_good(&fio_out)) {
-        MACIBM_alert(0,
-                     "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
+        MACIBM_alert(0, "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
                      "READ-ONLY by the operating system? (Windows machines typically do this).",
                      path, "Could the file be flagged as read-only? This happens in Windows if you copy it from a CD!",
                      "Try putting this app in the background and then flag the file as NOT read-only, or creating "
@@ -57,24 +52,17 @@ int32_t fio_save(char* path, int32_t type, int32_t version) {
     return 1;
 }
 
-// Four bytes as the file holds them (no byte reversal).
-template <typename T>
-static T take4(const unsigned char* p) {
-    T v;
-    memcpy(&v, p, 4);
-    return v;
-}
 
 static void lang_res(int32_t direction, int32_t ok) {
     if (ok) {
         if (direction == PREF_READ) {
             unsigned char rec[20] = {};
             fio_read_bytes(rec, sizeof rec);
-            disp_width = take4<float>(rec);
-            disp_height = take4<float>(rec + 4);
-            disp_bits = take4<float>(rec + 8);
-            full_screen = take4<int32_t>(rec + 12);
-            language = take4<int32_t>(rec + 16);
+            disp_width = prefs_take4<float>(rec);
+            disp_height = prefs_take4<float>(rec + 4);
+            disp_bits = prefs_take4<float>(rec + 8);
+            full_screen = prefs_take4<int32_t>(rec + 12);
+            language = prefs_take4<int32_t>(rec + 16);
         } else {
             unsigned char rec[20];
             memcpy(rec, &saved_disp_width, 4);
@@ -94,74 +82,20 @@ static void lang_res(int32_t direction, int32_t ok) {
     disp_height = 768.0f;
 }
 
-// The simulator's record after its header: fields at file offsets 5 to 1149.
-static void sim_read() {
-    constexpr int32_t BASE = 5;
-    static unsigned char rec[1150 - BASE];
-    memset(rec, 0, sizeof rec);
-    fio_read_bytes(rec, sizeof rec);
-    auto at = [](int32_t file_offset) { return rec + (file_offset - BASE); };
-    BriefingRequest& q = brief_req;
-    StationWeather& w = station_wx;
+static PrefRecordReader sim_reader = nullptr;
 
-    q.departure = 0;
-    q.destination = 0;
-    Text block;
-    memcpy(block, at(5), 500);
-    str_copy(block, q.aircraft_name);
-    memcpy(block, at(505), 500);
-    str_copy(block, q.aircraft_path);
-    memcpy(q.start_code, at(1005), 5);
-    float local_hours = take4<float>(at(1022));
-    w.pressure = take4<float>(at(1038));
-    w.temperature = take4<float>(at(1042));
-    float precip = take4<float>(at(1046));
-    w.visibility = take4<float>(at(1062));
-    for (int k = 0; k < 2; ++k) {
-        w.cloud_kind[k] = take4<int32_t>(at(1066 + 4 * k));
-        w.cloud_top[k] = take4<float>(at(1074 + 4 * k));
-        w.cloud_base[k] = take4<float>(at(1082 + 4 * k));
-    }
-    w.wind_dir = take4<float>(at(1102 + 8));
-    w.wind_speed = take4<float>(at(1114 + 8));
-    w.gust = take4<float>(at(1138 + 8));
-
-    w.wx_intensity = cut_to_int(((double)precip - 0.1) * 2.2222223 + 1.0);
-    w.wx_kind = w.wx_intensity > 1 ? 1 : -99;
-
-    for (int32_t i = 0; i <= apt_table.airport_count && i < APT_MAX; ++i) {
-        if (memcmp(apt_table.apt_code[i], q.start_code, 4) == 0) {
-            q.departure = i;
-            q.destination = i;
-        }
-    }
-
-    w.dewpoint = (float)((double)w.temperature - (double)w.visibility / (0.3048 * 6076.1155) * 2.0);
-
-    double t = (double)local_hours - ((double)apt_lon(q.departure) / 15.0 + 1.0);
-    int32_t n = cut_to_int(round_half_away(t));
-    if (n < 0)
-        n += 24;
-    else if (n > 24)
-        n -= 24;
-    w.time = (float)((double)n * 3600.0);  // a damaged file's hour can be far out of range
-
-    float lower = apt_table.apt_elev[q.departure] * unit_ft_to_m;
-    w.cloud_base[0] -= lower;
-    w.cloud_base[1] -= lower;
-}
+void prefs_set_sim_reader(PrefRecordReader reader) { sim_reader = reader; }
 
 int32_t fio_prefs(int32_t record, int32_t direction, char* path) {
     if (record < 0 || record > 6 || direction < PREF_READ || direction > PREF_WRITE) {
-        MACIBM_alert(0, "Bad pref arg!", "", "", "", ALERT_FATAL);
-        alert_fatal_end();
+        MACIBM_fatal("Bad pref arg!");
     }
     const int32_t version = record == PREF_LANG_RES ? PREF_LANG_RES_VERSION : PREF_SIM_VERSION;
     const bool reading = direction == PREF_READ;
     int32_t ok = reading ? fio_open(path, PREF_TYPE, version, 0) : fio_save(path, PREF_TYPE, version);
 
     if (record == PREF_LANG_RES) lang_res(direction, ok);
-    if (record == PREF_SIM && reading && ok) sim_read();
+    if (record == PREF_SIM && reading && ok && sim_reader) sim_reader();
 
     if (ok) {
         if (reading)

@@ -3,6 +3,8 @@
 #pragma once
 #include <cstdint>
 
+#include <cstring>
+
 #include "util/out_file.h"
 
 extern OutFile fio_out;  // the program's one output file stream
@@ -26,6 +28,19 @@ constexpr int32_t PREF_SIM_VERSION = 6510;
 // the others the two text lines "I" and "<version> version" with CR LF line ends.
 // 1 when open and clean; 0 after the could-not-save alert.
 int32_t fio_save(char* path, int32_t type, int32_t version);
+
+// Four bytes as a file holds them (no byte reversal).
+template <typename T>
+T prefs_take4(const unsigned char* p) {
+    T v;
+    memcpy(&v, p, 4);
+    return v;
+}
+
+// The reader of the simulator's record, called with the file open after its header; the
+// briefing installs it (the record fills the briefing's request and weather).
+using PrefRecordReader = void (*)();
+void prefs_set_sim_reader(PrefRecordReader reader);
 
 // Reads or writes one preference record; 1 when the file could be opened (and, reading,
 // its header was accepted), else 0. `path` is changed in place.

@@ -5,25 +5,19 @@
 #include <initializer_list>
 
 #include "platform/platform.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 
 static size_t bounded_len(const char* s) { return strnlen(s, STR_SIZE); }
 
-// Shows the too-long alert with the first 499 characters of `s` and ends the program.
-[[noreturn]] static void too_long(const char* s) {
-    Text head;
-    size_t n = bounded_len(s);
-    if (n > STR_SIZE - 1) n = STR_SIZE - 1;
-    memcpy(head, s, n);
-    head[n] = 0;
-    MACIBM_alert(0, "String too long!",
-                 "I can not repeat this entire string or I will overflow the alert procedure!",
-                 "Here is the first part of the string, though:", head, ALERT_FATAL);
-    alert_fatal_end();
-}
-
+// A text of 500 characters or more ends the program with the too-long alert, which shows
+// its first 499 characters.
 void str_check(const char* s) {
-    if (bounded_len(s) >= (size_t)STR_SIZE) too_long(s);
+    if (bounded_len(s) < (size_t)STR_SIZE) return;
+    Text head;
+    memcpy(head, s, STR_SIZE - 1);
+    head[STR_SIZE - 1] = 0;
+    MACIBM_fatal("String too long!", "I can not repeat this entire string or I will overflow the alert procedure!",
+                 "Here is the first part of the string, though:", head);
 }
 
 void str_copy(const char* src, char* dst) {
@@ -40,7 +34,7 @@ void str_join(const char* a, const char* b, char* dst) {
     memcpy(joined, a, la);
     memcpy(joined + la, b, lb);
     joined[la + lb] = 0;
-    if (la + lb >= (size_t)STR_SIZE) too_long(joined);
+    str_check(joined);
     memcpy(dst, joined, la + lb + 1);
 }
 
@@ -52,8 +46,7 @@ int32_t str_same_nocase(const char* a, const char* b) {
             Text head;
             memcpy(head, s, STR_SIZE - 1);
             head[STR_SIZE - 1] = 0;
-            MACIBM_alert(0, "Opps! String too long!", head, "", "", ALERT_FATAL);
-            alert_fatal_end();
+            MACIBM_fatal("Opps! String too long!", head, "", "");
         }
     }
     Text la = {}, lb = {};

@@ -11,9 +11,12 @@
 #include "graphics/textures.h"
 #include "platform/platform.h"
 #include "shell/event_loop.h"
-#include "shell/gl_caps.h"
-#include "shell/pending_parts.h"
-#include "shell/window.h"
+#include "window/gl_caps.h"
+#include "kit/boxes.h"
+#include "kit/font.h"
+#include "shell/menus.h"
+#include "shell/screens.h"
+#include "window/window.h"
 #include "util/prefs.h"
 
 static double seconds(clockid_t clock) {
@@ -29,6 +32,7 @@ static bool open_shell() {
     full_screen = 0;
     disp_bits = 32.0f;
     design_space_reset();
+    window_set_proc(MACIBM_window_proc);
     if (MACIBM_open_window() == 0) return false;
     MACIBM_gl_checks();
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);

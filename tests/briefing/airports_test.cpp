@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "briefing/airports.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "tests/support/sim_files.h"
 #include "tests/support/test_files.h"
 #include "util/file_reader.h"

@@ -8,12 +8,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "briefing/sim_prefs.h"
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
 #include "briefing/composer.h"
 #include "briefing/request.h"
 #include "briefing/weather.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "util/file_reader.h"
 #include "util/prefs.h"
 #include "util/text.h"
@@ -48,7 +49,7 @@ static void read_file(int which) {
         speed_from_aircraft();
         break;
     default:
-        fio_prefs(PREF_SIM, PREF_READ, path);
+        brief_read_sim_prefs(path);
         fio_prefs(PREF_LANG_RES, PREF_READ, path);
         break;
     }

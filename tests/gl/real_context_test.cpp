@@ -8,16 +8,17 @@
 #include <string>
 #include <vector>
 
+#include "shell/event_loop.h"
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/primitives.h"
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
 #include "platform/platform.h"
-#include "shell/gl_caps.h"
-#include "shell/log.h"
-#include "shell/shutdown.h"
-#include "shell/window.h"
+#include "window/gl_caps.h"
+#include "base/log.h"
+#include "base/shutdown.h"
+#include "window/window.h"
 #include "tests/support/test_files.h"
 #include "util/prefs.h"
 
@@ -31,6 +32,7 @@ TEST(RealContext, OpensChecksDrawsExactlyItsPixelsAndShutsDown) {
     window_reset(), plat_reset_messages(), gl_state_reset(), OGL_default_palette(), tex_reset(), gl_caps_reset();
     shutdown_reset();
     ASSERT_EQ(MACIBM_set_fullscreen(1), 1);
+    window_set_proc(MACIBM_window_proc);
     ASSERT_EQ(MACIBM_open_window(), 1);
     MACIBM_gl_checks();  // and the default state that all drawing starts from
     MACIBM_gl_multitexture();

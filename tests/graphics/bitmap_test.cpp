@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "graphics/bitmap.h"
-#include "shell/folders.h"
+#include "util/folders.h"
 
 using Texel = std::vector<int>;
 static std::string last_progress;

@@ -7,7 +7,7 @@
 #include "graphics/gl_state.h"
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "tests/support/gl_recorder.h"
 #include "tests/support/test_files.h"
 

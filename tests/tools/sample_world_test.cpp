@@ -6,6 +6,7 @@
 #include <regex>
 #include <sstream>
 
+#include "briefing/sim_prefs.h"
 #include "briefing/aircraft.h"
 #include "briefing/request.h"
 #include "tests/tools/tools_support.h"
@@ -83,7 +84,7 @@ TEST(SampleWorld, WeatherAndPreferenceFilesDecodeAsGeneratedAndRegenerate) {
                         "--cloud-bases", "1200,3500", "--wind-dirs", "10,20,250", "--wind-speeds", "1,2,14", "--gusts",
                         "0,0,8", "--size", "4096"}), 0);
     brief_req_reset();
-    ASSERT_TRUE(test_read_file(prf).size() == 4096 && fio_prefs(PREF_SIM, PREF_READ, prf.data()) == 1);
+    ASSERT_TRUE(test_read_file(prf).size() == 4096 && brief_read_sim_prefs(prf.data()) == 1);
     EXPECT_EQ(std::string(brief_req.aircraft_name) + brief_req.aircraft_path, "Baron58.acfAircraft:Baron58.acf");
     const StationWeather& w = station_wx;
     const float lower = apt_table.apt_elev[klax] * 0.3048f;  // cloud bases above the airport

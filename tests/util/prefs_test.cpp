@@ -5,10 +5,11 @@
 #include <cstring>
 #include <sys/stat.h>
 
+#include "briefing/sim_prefs.h"
 #include "briefing/request.h"
 #include "briefing/weather.h"
-#include "shell/alert.h"
-#include "shell/shutdown.h"
+#include "base/alert.h"
+#include "base/shutdown.h"
 #include "tests/support/sim_files.h"
 #include "tests/support/test_files.h"
 #include "util/prefs.h"
@@ -44,7 +45,7 @@ class Prefs : public testing::Test {
     int32_t prefs(int32_t record, int32_t direction, const std::string& path) {
         Text p;
         str_copy(path.c_str(), p);
-        return fio_prefs(record, direction, p);
+        return record == PREF_SIM && direction == PREF_READ ? brief_read_sim_prefs(p) : fio_prefs(record, direction, p);
     }
     // fio_save of dir + name: the path it was given back, or "not saved".
     std::string save(const std::string& name, int32_t type, int32_t version) {

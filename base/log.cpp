@@ -1,5 +1,5 @@
 // The log "Error.out": alert lines and the OpenGL report.
-#include "shell/log.h"
+#include "base/log.h"
 
 #include <cstdio>
 

@@ -1,11 +1,9 @@
 // The input record and the key-down translation: key codes, characters, classes, typed text.
-#include "shell/input.h"
+#include "window/input.h"
 
 #include <cstring>
 
 #include "platform/platform.h"
-#include "shell/app_hooks.h"
-#include "shell/pending_parts.h"
 #include "util/prefs.h"
 
 ShellInputRecord ShellInput;
@@ -84,7 +82,8 @@ static bool skips_text(int32_t code, char ch) {
            (code >= KEY_SHIFT_UP && code <= KEY_SHIFT_RIGHT);
 }
 
-static void enter_text(int32_t code, char ch) {
+void input_enter_text(int32_t code, char ch) {
+    if (skips_text(code, ch)) return;
     char* text = ShellInput.typed_text;
     int n = (int)strnlen(text, STR_SIZE - 1);
     if (n > STR_SIZE - 2) n = STR_SIZE - 2;
@@ -96,16 +95,15 @@ static void enter_text(int32_t code, char ch) {
     }
 }
 
-void MACIBM_keydown(uint32_t virtual_key) {
+KeyDown input_key_down(uint32_t virtual_key) {
     bool shift = plat_key_held(PLAT_VK_SHIFT);
-    int32_t code = key_code_of(virtual_key);
-    char ch = key_char_of(virtual_key, shift, language);
-    int32_t key_class = plat_key_held(PLAT_VK_CONTROL) ? KEY_CLASS_CTRL : KEY_CLASS_PLAIN;
-    if (is_move_key(virtual_key)) key_class = KEY_CLASS_MOVE;
-    if (shift) code = shifted_arrow(code);
-
-    if (code == KEY_RETURN) ShellInput.enter_pressed = 1;
-    if (cur_screen != 999) app_key(key_class, key_class == KEY_CLASS_MOVE ? code : (int32_t)(signed char)ch);
-    if (!skips_text(code, ch)) enter_text(code, ch);
-    if (ShellInput.enter_pressed) MACIBM_handleclick(1);
+    KeyDown k;
+    k.code = key_code_of(virtual_key);
+    k.ch = key_char_of(virtual_key, shift, language);
+    k.key_class = plat_key_held(PLAT_VK_CONTROL) ? KEY_CLASS_CTRL : KEY_CLASS_PLAIN;
+    if (is_move_key(virtual_key)) k.key_class = KEY_CLASS_MOVE;
+    if (shift) k.code = shifted_arrow(k.code);
+    k.key = k.key_class == KEY_CLASS_MOVE ? k.code : (int32_t)(signed char)k.ch;
+    if (k.code == KEY_RETURN) ShellInput.enter_pressed = 1;
+    return k;
 }

@@ -1,15 +1,14 @@
 // The display-mode switch, the window and its context, the graphics failure and the release.
-#include "shell/window.h"
+#include "window/window.h"
 
 #include <cstdio>
 
 #include "graphics/gl_state.h"
 #include "graphics/qgl.h"
 #include "platform/platform.h"
-#include "shell/alert.h"
-#include "shell/event_loop.h"
-#include "shell/folders.h"
-#include "shell/shutdown.h"
+#include "base/alert.h"
+#include "util/folders.h"
+#include "base/shutdown.h"
 #include "util/prefs.h"
 #include "util/text.h"
 
@@ -41,12 +40,16 @@ static int32_t swap_frame() {
     return 1;
 }
 
+static WindowProcFn window_proc = nullptr;
+
+void window_set_proc(WindowProcFn proc) { window_proc = proc; }
+
 int32_t MACIBM_open_window() {
     if (!plat_window_create((int32_t)disp_width, (int32_t)disp_height, (int32_t)disp_bits & 0xFF)) return 0;
     shutdown_add_step(window_release);
     PlatMessage msg;
     while (window_created == 0 && plat_peek_message(&msg))
-        MACIBM_window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
+        if (window_proc) window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
     if (window_created == 0) return 0;
     plat_window_show();
     if (!plat_gl_create_context()) return 0;
@@ -74,14 +77,11 @@ void MACIBM_graphics_failure() {
     // and window release stays.
     shutdown_reset();
     shutdown_add_step(window_release);
-    MACIBM_alert(0,
-                 "I could not set up the graphics for Zephyra! I hope your monitor is at 1024x768 or higher! It must "
+    MACIBM_fatal("I could not set up the graphics for Zephyra! I hope your monitor is at 1024x768 or higher! It must "
                  "be!",
                  "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
                  "resolution in Zephyra!",
                  "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
                  "If you reset the resolution, you can try launching Zephyra again, since I am resetting Zephyra to "
-                 "default resolution now.",
-                 ALERT_FATAL);
-    alert_fatal_end();  // not reached: the fatal alert ends the program
+                 "default resolution now.");
 }

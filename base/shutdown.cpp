@@ -1,7 +1,7 @@
 // The quit flag and the shell's orderly shut-down.
-#include "shell/shutdown.h"
+#include "base/shutdown.h"
 
-#include "shell/log.h"
+#include "base/log.h"
 
 int32_t quit_requested = 0;
 

@@ -19,8 +19,10 @@ void MACIBM_alert(int32_t return_screen, const char* line1, const char* line2, c
 // Draws and presents one frame of the progress screen; nothing before a screen exists.
 void MACIBM_progress(const char* message);
 
-// Ends the program after a fatal alert: quit flag, shut-down, exit. Never returns.
-[[noreturn]] void alert_fatal_end();
+// The one fatal call: the fatal alert with these lines, then the ordered shut-down and the
+// end of the program. Never returns.
+[[noreturn]] void MACIBM_fatal(const char* line1, const char* line2 = "", const char* line3 = "",
+                               const char* line4 = "");
 
 // ---- front ends ----
 // Shows the lines while gl_ready is 0. Default: the joined text in a system message box.

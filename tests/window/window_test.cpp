@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "platform/platform.h"
-#include "shell/folders.h"
-#include "shell/window.h"
+#include "util/folders.h"
+#include "window/window.h"
 #include "tests/support/test_files.h"
 #include "util/prefs.h"
 

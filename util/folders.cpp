@@ -1,5 +1,5 @@
 // The folder table of the program folder, the preference files and the resource folders.
-#include "shell/folders.h"
+#include "util/folders.h"
 
 #include <cstring>
 

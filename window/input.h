@@ -34,9 +34,18 @@ int32_t key_code_of(uint32_t virtual_key);
 // The character of a virtual key with Shift up or down (French changes the 6 key).
 char key_char_of(uint32_t virtual_key, bool shift, int32_t language);
 
-// One key-down: key code, character and class; Return; app_key; typed_text; and the
-// Return click. Reads Shift and Ctrl as they were at the message (plat_key_held).
-void MACIBM_keydown(uint32_t virtual_key);
+// One key-down read: key code (after the Shift rule for arrows), character, class, and the
+// key handed to the application (the code for move keys, else the character). Sets
+// enter_pressed for Return. Reads Shift and Ctrl as they were at the message.
+struct KeyDown {
+    int32_t code, key_class, key;
+    char ch;
+};
+KeyDown input_key_down(uint32_t virtual_key);
+
+// The key's effect on typed_text: a character appended, Delete/Backspace/Insert drop the
+// last one; keys that are not text leave it alone.
+void input_enter_text(int32_t code, char ch);
 
 // Every field back to zero.
 void input_reset();

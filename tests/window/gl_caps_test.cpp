@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "graphics/textures.h"
-#include "shell/alert.h"
-#include "shell/gl_caps.h"
-#include "shell/log.h"
+#include "base/alert.h"
+#include "window/gl_caps.h"
+#include "base/log.h"
 #include "tests/support/gl_recorder.h"
 #include "tests/support/test_files.h"
 

@@ -1,13 +1,13 @@
 // The OpenGL capability checks, their report, the software pointer and the default state.
-#include "shell/gl_caps.h"
+#include "window/gl_caps.h"
 
 #include <cstring>
 
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
 #include "platform/platform.h"
-#include "shell/alert.h"
-#include "shell/log.h"
+#include "base/alert.h"
+#include "base/log.h"
 
 #ifndef GL_MAX_TEXTURE_UNITS_ARB
 #define GL_MAX_TEXTURE_UNITS_ARB 0x84E2

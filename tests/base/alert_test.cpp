@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/alert.h"
-#include "shell/log.h"
-#include "shell/shutdown.h"
+#include "base/alert.h"
+#include "base/log.h"
+#include "base/shutdown.h"
 #include "tests/support/test_files.h"
 
 using S = std::string;

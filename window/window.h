@@ -14,6 +14,11 @@ int32_t window_mode_fits(const PlatDisplayMode* mode);
 // 0 only when a matching mode was refused.
 int32_t MACIBM_set_fullscreen(int32_t on);
 
+// The handler of the window's messages (the shell's), called for the messages that arrive
+// while the window is being made.
+using WindowProcFn = intptr_t (*)(void* window, uint32_t message, uintptr_t wparam, intptr_t lparam);
+void window_set_proc(WindowProcFn proc);
+
 // The window at (0, 0) of disp_width x disp_height pixels, a current double-buffered
 // context with the GL table filled, vsync asked for, and the frame swap installed.
 // 1 when all of it exists.

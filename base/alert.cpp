@@ -1,13 +1,13 @@
 // Alert and progress calls: log, message box or in-window alert, and the fatal end.
-#include "shell/alert.h"
+#include "base/alert.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include "platform/platform.h"
-#include "shell/log.h"
-#include "shell/shutdown.h"
+#include "base/log.h"
+#include "base/shutdown.h"
 
 int32_t gl_ready = 0;
 
@@ -46,6 +46,13 @@ static void copy_line(const char* src, char* dst) {
     dst[n] = 0;
 }
 
+[[noreturn]] static void end_program() {
+    if (end_fn) end_fn();
+    quit_requested = 1;
+    MACIBM_shutdown();
+    std::exit(0);
+}
+
 void MACIBM_alert(int32_t return_screen, const char* line1, const char* line2, const char* line3,
                   const char* line4, int32_t kind) {
     static char buf[4][500];  // the alert's own line buffers
@@ -65,14 +72,12 @@ void MACIBM_alert(int32_t return_screen, const char* line1, const char* line2, c
         window_fn(return_screen, lines, kind);
     else
         (box_fn ? box_fn : default_box)(lines, kind);
-    if (kind == ALERT_FATAL) alert_fatal_end();
+    if (kind == ALERT_FATAL) end_program();
 }
 
-void alert_fatal_end() {
-    if (end_fn) end_fn();
-    quit_requested = 1;
-    MACIBM_shutdown();
-    std::exit(0);
+void MACIBM_fatal(const char* line1, const char* line2, const char* line3, const char* line4) {
+    MACIBM_alert(0, line1, line2, line3, line4, ALERT_FATAL);
+    end_program();  // not reached: the fatal alert itself ends the program
 }
 
 void MACIBM_progress(const char* message) {

@@ -12,15 +12,18 @@
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
 #include "platform/platform.h"
-#include "shell/alert.h"
+#include "base/alert.h"
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
-#include "shell/gl_caps.h"
-#include "shell/input.h"
-#include "shell/log.h"
-#include "shell/pending_parts.h"
-#include "shell/shutdown.h"
-#include "shell/window.h"
+#include "window/gl_caps.h"
+#include "window/input.h"
+#include "base/log.h"
+#include "kit/boxes.h"
+#include "kit/font.h"
+#include "shell/menus.h"
+#include "shell/screens.h"
+#include "base/shutdown.h"
+#include "window/window.h"
 #include "util/prefs.h"
 
 constexpr int SHOT_W = 1024, SHOT_H = 768;
@@ -151,6 +154,7 @@ int main(int argc, char** argv) {
     OGL_set_palette(C_YELLOW, 1.0f, 0.9f, 0.1f);
     OGL_set_palette(C_WHITE, 1.0f, 1.0f, 1.0f);
     design_space_fit();
+    window_set_proc(MACIBM_window_proc);
     if (MACIBM_set_fullscreen(1) == 0 || MACIBM_open_window() == 0) {
         fprintf(stderr, "vocalog-gl-check: the window or its OpenGL context could not be set up\n");
         MACIBM_shutdown();
