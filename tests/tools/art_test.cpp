@@ -3,6 +3,7 @@
 // the intro pictures are whole, and the Korean menus name glyphs that the glyph sheet holds.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <sstream>
 
@@ -83,6 +84,34 @@ TEST(Art, SheetPaintsEveryBlockAndGlyphCellsHoldOnlyGlyphs) {
             EXPECT_EQ(ink > 0, cells[cell] != ' ') << face << " '" << cells[cell] << "'";
         }
     }
+}
+
+// Pieces drawn over one another, or side by side closer than their size, fit together.
+TEST(Art, OverlaysCoverTheirPiecesAndPitchedPiecesTile) {
+    const Bmp s(staged(FILES[0]));
+    auto opaque = [&](int32_t id, int x, int y) { return !s.clear(BTN_sheet[id].x + x, BTN_sheet[id].y + y); };
+    // A lit overlay has the silhouette of the piece it lights: no unlit rim shows, nothing pokes out.
+    const int32_t lit[][2] = {{SHEET_BAR1, SHEET_BAR0}, {SHEET_KNOB_LIT, SHEET_KNOB}, {SHEET_THUMB_LIT, SHEET_THUMB}};
+    for (const auto& p : lit)
+        for (int y = 0; y < BTN_sheet[p[1]].h; ++y)
+            for (int x = 0; x < BTN_sheet[p[1]].w; ++x)
+                ASSERT_EQ(opaque(p[0], x, y), opaque(p[1], x, y)) << BTN_sheet[p[0]].name << " at " << x << ", " << y;
+    // Each progress glow, drawn 8 wide on a lamp's centre, covers exactly the lamp's segment.
+    const SheetBlock& lamp = BTN_sheet[SHEET_LAMP];
+    for (int32_t g : {SHEET_PROGRESS0, SHEET_PROGRESS1, SHEET_PROGRESS2})
+        for (int y = 0; y < lamp.h; ++y)
+            for (int x = 0; x < lamp.w; ++x) {
+                const int gx = x - (lamp.w / 2 - BTN_sheet[g].w / 2);
+                const bool lit_here = gx >= 0 && gx < BTN_sheet[g].w && opaque(g, gx, y);
+                ASSERT_EQ(lit_here, opaque(SHEET_LAMP, x, y)) << BTN_sheet[g].name << " at " << x << ", " << y;
+            }
+    // Digit boxes are drawn 10 units apart: a box's texels keep to 10 columns around its digit,
+    // the 6 columns from 8 into the box.
+    int lo = 99, hi = -1;
+    for (int y = 0; y < BTN_sheet[SHEET_DIGIT_BOX].h; ++y)
+        for (int x = 0; x < BTN_sheet[SHEET_DIGIT_BOX].w; ++x)
+            if (opaque(SHEET_DIGIT_BOX, x, y)) lo = std::min(lo, x), hi = std::max(hi, x);
+    EXPECT_TRUE(hi - lo + 1 == 10 && lo <= 8 && hi >= 13) << lo << " .. " << hi;
 }
 
 TEST(Art, IntroPicturesAreWholeScreensWithoutTransparentTexels) {
