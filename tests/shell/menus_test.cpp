@@ -12,6 +12,7 @@
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/textures.h"
+#include "kit/faces.h"
 #include "shell/app_hooks.h"
 #include "shell/language.h"
 #include "shell/menu_table.h"
@@ -68,6 +69,7 @@ class Menus : public testing::Test {
     void SetUp() override {
         gl_recorder_install();
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), fio_reset();
+        OGL_tex_bytes[OGL_TEX_SHEET] = OGL_tex_bytes[OGL_TEX_KOREAN] = 1;  // the sheets count as loaded
         menus_reset(), text_table_reset();
         language = LANG_ENGLISH, cur_screen = SCREEN_MAIN, swaps = 0;
         picks.clear();
@@ -305,23 +307,36 @@ TEST_F(Picks, OpenMenuDrawsItsBoxFrameAndLitItem) {
     point(60, 738);  // on the line between Write and Recent: an item's top row is not its own
     gl_rec().clear_log();
     MACIBM_draw_menus();
-    std::vector<S> seen;  // untextured shapes as "colour kind corners"
+    // Each shape as "colour kind corners"; text and sprites as "colour text glyphs at first corner".
+    std::vector<S> seen;
     for (const GlPrim& p : gl_rec().prims) {
-        if (p.tex2d[0] || p.v.empty()) continue;
-        S s = std::to_string((int)std::lround(p.v[0].r * 128.0f)) + (p.mode == GL_QUADS ? " quad" : " line");
+        if (p.v.empty()) continue;
+        S s = std::to_string((int)std::lround(p.v[0].r * 128.0f));
+        if (p.tex2d[0]) {
+            seen.push_back(s + " text " + std::to_string(p.v.size() / 4) + " at " + num(p.v[0].x) + "," + num(p.v[0].y));
+            continue;
+        }
+        s += p.mode == GL_QUADS ? " quad" : " line";
         for (const GlVertex& v : p.v) s += " " + num(v.x) + "," + num(v.y);
         seen.push_back(s);
     }
-    EXPECT_EQ(seen, (std::vector<S>{
-                        "38 quad 12,712 12,750 89,750 89,712",  // the items' bounding box
-                        "36 quad 12,738 12,750 89,750 89,738",  // Write, under the pointer
-                        "37 line 12.5,711.5 12.5,750.5",        // the frame: light left and top,
-                        "37 line 12.5,750.5 89.5,750.5",        // shaded right and bottom
-                        "39 line 89.5,750.5 89.5,711.5",
-                        "39 line 12.5,711.5 89.5,711.5",
-                        "39 line 12.5,725.5 88.5,725.5",  // the separator
-                        "37 line 12.5,724.5 88.5,724.5",
-                    }));
+    const std::vector<S> want = {
+        "5 text 4 at 12,753", "5 text 4 at 52,753",  // the titles, over the bar drawn first
+        "38 quad 12,712 12,750 89,750 89,712",      // the items' bounding box
+        "36 quad 12,738 12,750 89,750 89,738",      // Write, under the pointer
+        "37 line 12.5,711.5 12.5,750.5",            // the frame: light left and top,
+        "37 line 12.5,750.5 89.5,750.5",            // shaded right and bottom
+        "39 line 89.5,750.5 89.5,711.5",
+        "39 line 12.5,711.5 89.5,711.5",
+        "0 text 5 at 30,738",                       // Write lit; the separator's two lines
+        "5 text 6 at 30,726",
+        "39 line 12.5,725.5 88.5,725.5",
+        "37 line 12.5,724.5 88.5,724.5",
+        "5 text 4 at 30,712",
+        "0 text 1 at 70,721",  // the arrow of the menu hanging off Recent
+    };
+    ASSERT_GE(seen.size(), want.size());
+    EXPECT_EQ(std::vector<S>(seen.end() - (long)want.size(), seen.end()), want);
 }
 
 // The shipped files: every language's File menu holds write, a separator, quit and speak,
