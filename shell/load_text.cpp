@@ -1,0 +1,24 @@
+// Loading the current language's menus and texts at start-up.
+#include "graphics/bitmap.h"
+#include "kit/faces.h"
+#include "shell/language.h"
+#include "shell/menus.h"
+#include "shell/text_table.h"
+#include "util/folders.h"
+
+static const char* const LANGUAGE_FILE = "Vocalog.txt";
+
+void MACIBM_load_text() {
+    Text folder;
+    language_folder(folders.path[FOLDER_TEXTS], folder);
+    if (language_is_korean()) {
+        Text sheet;
+        int32_t w = 0, h = 0;
+        str_join(folders.path[FOLDER_MENUS], "Korean:menu_text", sheet);
+        OGL_texbmp(BMP_TEXTURE, OGL_TEX_KOREAN, BMP_MAGENTA_CLEAR, sheet, &w, &h);
+    }
+    MACIBM_load_menus(LANGUAGE_FILE);
+    Text path;
+    str_join(folder, LANGUAGE_FILE, path);
+    text_file_read(path);
+}
