@@ -1,14 +1,34 @@
 // Vocalog, the windowed program: start-up, the world's data, the briefing screen until quit.
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "base/shutdown.h"
 #include "briefing/briefing_file.h"
+#include "briefing/airports.h"
 #include "briefing/briefing_screen.h"
+#include "briefing/request.h"
 #include "briefing/world.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
 #include "shell/startup.h"
+
+// VOCALOG_TRACE=1: after each pass of the briefing screen whose state changed, one line on
+// standard output naming what the screen shows, so whole-program tests can follow it.
+static void draw_and_trace() {
+    brief_draw_screen();
+    static char last[1200];
+    char now[1200];
+    const BriefingRequest& q = brief_req;
+    snprintf(now, sizeof now, "screen departure=%s destination=%s aircraft=%s altitude=%.0f briefed=%d",
+             apt_table.apt_code[q.departure], apt_table.apt_code[q.destination], q.aircraft_name, q.altitude,
+             q.intro[0] != 0);
+    if (strcmp(now, last) == 0) return;
+    strcpy(last, now);
+    printf("%s\n", now);
+    fflush(stdout);
+}
 
 int main() {
     if (!plat_display_present()) {
@@ -20,7 +40,8 @@ int main() {
     brief_screen_install();
     MACIBM_init();
     brief_load_world();
-    app_set_hooks(brief_draw_screen, nullptr, brief_write_file);
+    const char* trace = getenv("VOCALOG_TRACE");
+    app_set_hooks(trace && strcmp(trace, "1") == 0 ? draw_and_trace : brief_draw_screen, nullptr, brief_write_file);
     while (!quit_requested) MACIBM_event_pass();
     MACIBM_shutdown();
     return 0;

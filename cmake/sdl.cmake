@@ -23,6 +23,10 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
   target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
 endif()
 
+# Vocalog, the windowed program.
+add_executable(vocalog ${CMAKE_SOURCE_DIR}/app/vocalog_main.cpp)
+target_link_libraries(vocalog PRIVATE vocalog_gui)
+
 # The menu bar of one language with its File menu open, drawn from the generated art.
 if(EXISTS ${CMAKE_SOURCE_DIR}/app/menu_shot_main.cpp)
   add_executable(vocalog-menu-shot ${CMAKE_SOURCE_DIR}/app/menu_shot_main.cpp)

@@ -11,7 +11,10 @@
 #include "shell/app_hooks.h"
 #include "window/gl_caps.h"
 #include "window/input.h"
+#include "graphics/palette_names.h"
 #include "kit/boxes.h"
+#include "kit/faces.h"
+#include "kit/sheet_map.h"
 #include "kit/font.h"
 #include "shell/keydown.h"
 #include "shell/menus.h"
@@ -115,18 +118,19 @@ static void pulse_palette(float t) {
 
 // The pointer sprite of the interface sheet: pixels 327..349 across, 337..359 down.
 static void draw_pointer() {
-    const float s1 = 327.0f / 512.0f, s2 = 349.0f / 512.0f;
-    const float t_top = (512.0f - 337.0f) / 512.0f, t_bottom = (512.0f - 359.0f) / 512.0f;
-    float l = ShellInput.mouse_x - 7.0f, r = ShellInput.mouse_x + 15.0f;
-    float b = ShellInput.mouse_y - 18.0f, t = ShellInput.mouse_y + 4.0f;
-    OGL_draw_quad(300, 61, 1.0f, l, b, s1, t_bottom, l, t, s1, t_top, r, t, s2, t_top, r, b, s2, t_bottom,
-                  1, OGL_ALPHA_ON, OGL_BLEND_OFF);
+    const SheetBlock& p = BTN_sheet[SHEET_POINTER];
+    const float s1 = p.x / 512.0f, s2 = (p.x + p.w) / 512.0f, t0 = p.y / 512.0f, t1 = (p.y + p.h) / 512.0f;
+    // The tip sits 7 texels from the left and 4 from the top of its cell.
+    float l = ShellInput.mouse_x - 7.0f, r = l + p.w;
+    float t = ShellInput.mouse_y + 4.0f, b = t - p.h;
+    OGL_draw_quad(OGL_TEX_SHEET, PAL_LIT, 1.0f, l, b, s1, t0, l, t, s1, t1, r, t, s2, t1, r, b, s2, t0, 1,
+                  OGL_ALPHA_ON, OGL_BLEND_OFF);
 }
 
 static void draw_tooltip() {
     TooltipBox box = tooltip_box(ShellInput.help_text, ShellInput.mouse_x, ShellInput.mouse_y);
-    BTN_util_draw_panel(6, box.x - 10.0f, box.y - 10.0f, box.w + 20.0f, box.h + 20.0f, "");
-    OGL_draw_string(66, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, 104);
+    BTN_util_draw_panel(PANEL_TIP, box.x - 10.0f, box.y - 10.0f, box.w + 20.0f, box.h + 20.0f, "");
+    OGL_draw_string(PAL_GREEN, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, FACE_TIP);
 }
 
 static void deliver_messages() {

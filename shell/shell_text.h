@@ -2,11 +2,8 @@
 #pragma once
 #include <cstdint>
 
-enum : int32_t {
-    TEXT_ALERT_TITLE = 600,   // the alert panel's title
-    TEXT_DIALOG_TITLE = 601,  // the file dialogs' panel title
-    TEXT_ALERT_BUTTON = 602,  // the alert's button
-};
+#include "shell/text_table.h"
 
-// The entry's text in the interface language; English until the language's text file is read.
+// The entry's text in the interface language; an English default while the entry is empty
+// (before the language's text file is read, as for the language chooser of a first start).
 const char* shell_text(int32_t entry);

@@ -8,7 +8,12 @@
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/textures.h"
+#include "kit/faces.h"
+#include "shell/alert_window.h"
 #include "shell/event_loop.h"
+#include "shell/language.h"
+#include "shell/menus.h"
+#include "shell/text_table.h"
 #include "shell/screens.h"
 #include "util/file_reader.h"
 #include "util/folders.h"
@@ -19,16 +24,6 @@
 #include "window/gl_caps.h"
 #include "window/input.h"
 #include "window/window.h"
-
-float bg_color[3];
-
-static StartupStepFn choose_language_fn = nullptr;
-static StartupStepFn load_text_fn = nullptr;
-
-void startup_set_language_steps(StartupStepFn choose_language, StartupStepFn load_text) {
-    choose_language_fn = choose_language;
-    load_text_fn = load_text;
-}
 
 int32_t startup_skip_random(double t) {
     int32_t drawn = 0;
@@ -47,6 +42,7 @@ static void take_bg_color() {
 static void clear_tables() {
     input_reset();
     screens_reset();
+    text_table_reset();
     tex_reset();
     fio_reset();
 }
@@ -69,13 +65,17 @@ void MACIBM_init() {
     window_set_proc(MACIBM_window_proc);
     if (MACIBM_set_fullscreen(1) == 0 || MACIBM_open_window() == 0) MACIBM_graphics_failure();
     MACIBM_gl_checks();
+    alert_window_install();
     gl_ready = 1;
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     MACIBM_gl_multitexture();
-    OGL_texbmp(BMP_TEXTURE, 300, BMP_MAGENTA_CLEAR, "general_interface", nullptr, nullptr);
+    OGL_texbmp(BMP_TEXTURE, OGL_TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface", nullptr, nullptr);
     take_bg_color();
     MACIBM_open_screen(SCREEN_INTRO);
     quit_requested = 0;
-    if (language < 0 && choose_language_fn) choose_language_fn();
-    if (load_text_fn) load_text_fn();
+    if (language < 0) {  // a first start: English until the pilot picks another
+        language = LANG_ENGLISH;
+        MACIBM_alert(SCREEN_INTRO, "", "", "", "", ALERT_LANGUAGE);
+    }
+    MACIBM_load_text();
 }

@@ -2,13 +2,6 @@
 #pragma once
 #include <cstdint>
 
-extern float bg_color[3];  // the colour behind every screen, 0..255, from the interface sheet
-
-// The steps that belong to higher layers or later pieces, installed before MACIBM_init runs:
-// the language chooser (a first start) and the menus and texts of the language.
-using StartupStepFn = void (*)();
-void startup_set_language_steps(StartupStepFn choose_language, StartupStepFn load_text);
-
 // The random skip of a start at clock time `t` seconds: while t > 32000, t is halved and one
 // number drawn; then (int)t mod 100 more. Returns how many were drawn.
 int32_t startup_skip_random(double t);
