@@ -37,3 +37,10 @@ if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog-gl-check)
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/window_input_test.sh $<TARGET_FILE:vocalog-gl-check>)
   set_tests_properties(X11.WindowInputArrivesAsTyped PROPERTIES TIMEOUT 90)
 endif()
+
+# The whole windowed program driven like a pilot would: chooser, pickers, briefing, file, quit.
+if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog)
+  add_test(NAME X11.VocalogWholeProgram
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/vocalog_program_test.sh $<TARGET_FILE:vocalog>)
+  set_tests_properties(X11.VocalogWholeProgram PROPERTIES TIMEOUT 300)
+endif()
