@@ -9,6 +9,7 @@
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
 #include "shell/startup.h"
+#include "shell/text_table.h"
 
 int main() {
     if (!plat_display_present()) {
@@ -18,6 +19,7 @@ int main() {
         return 1;
     }
     brief_screen_install();
+    startup_set_language_steps(nullptr, MACIBM_load_text);
     MACIBM_init();
     brief_load_world();
     app_set_hooks(brief_draw_screen, nullptr, brief_write_file);

@@ -76,6 +76,9 @@ void MACIBM_init() {
     take_bg_color();
     MACIBM_open_screen(SCREEN_INTRO);
     quit_requested = 0;
-    if (language < 0 && choose_language_fn) choose_language_fn();
+    if (language < 0) {  // a first start: English, unless the chooser picks another
+        language = 0;
+        if (choose_language_fn) choose_language_fn();
+    }
     if (load_text_fn) load_text_fn();
 }
