@@ -10,6 +10,7 @@
 #include "graphics/bitmap.h"
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
+#include "graphics/palette_names.h"
 #include "graphics/qgl.h"
 #include "kit/boxes.h"
 #include "kit/faces.h"
@@ -77,7 +78,7 @@ int main(int argc, char** argv) {
     qglClear(GL_COLOR_BUFFER_BIT);
     BTN_util_draw_panel(PANEL_SCREEN, 0, 0, DESIGN_W, DESIGN_H - 18.0f, "");
     MACIBM_draw_menus();
-    BTN_util_draw_sprite(SHEET_POINTER, px - 7.0f, py - 18.0f, 61);  // the tip at the pointer
+    BTN_util_draw_sprite(SHEET_POINTER, px - 7.0f, py - 18.0f, PAL_LIT);  // the tip at the pointer
 
     std::vector<uint8_t> rgb((size_t)SHOT_W * SHOT_H * 3);
     qglReadBuffer(GL_BACK);
