@@ -6,6 +6,7 @@ packages=(
   cmake make g++ pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
   libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri
+  libespeak-ng-dev espeak-ng-data
   xvfb xauth xdotool
 )
 # `install-deps.sh fuzz`: also clang and its fuzzer runtime, for `make fuzz`.
