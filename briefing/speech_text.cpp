@@ -124,9 +124,8 @@ static bool has_shape(const char* w, int32_t n, Shape shape) {
     return false;
 }
 
-// Lower-case `n` characters of `w` equal `lower` ("" matches anything).
+// Lower-case, the `n` characters of `w` equal `lower`.
 static bool word_is(const char* w, int32_t n, const char* lower) {
-    if (!lower[0]) return true;
     if ((int32_t)strlen(lower) != n) return false;
     for (int32_t k = 0; k < n; ++k)
         if ((is_upper(w[k]) ? (char)(w[k] | 0x20) : w[k]) != lower[k]) return false;
@@ -207,16 +206,20 @@ static void read_other(Spoken* out, const char* w, int32_t n) {
     }
 }
 
+// Word i + step (the one before or after) is `lower`; "" matches any word, or none.
+static bool neighbour_is(const Word* words, int32_t count, int32_t i, int32_t step, const char* lower) {
+    if (!lower[0]) return true;
+    if (i + step < 0 || i + step >= count) return false;
+    const Word& w = words[i + step];
+    return word_is(w.start + w.core, w.core_length, lower);
+}
+
 static const ReadingRule* find_rule(const Word* words, int32_t count, int32_t i) {
     const Word& w = words[i];
-    for (const ReadingRule& r : rules) {
-        if (!has_shape(w.start + w.core, w.core_length, r.shape)) continue;
-        if (r.before[0] && (i == 0 || !word_is(words[i - 1].start + words[i - 1].core, words[i - 1].core_length, r.before)))
-            continue;
-        if (r.after[0] && (i + 1 >= count || !word_is(words[i + 1].start + words[i + 1].core, words[i + 1].core_length, r.after)))
-            continue;
-        return &r;
-    }
+    for (const ReadingRule& r : rules)
+        if (has_shape(w.start + w.core, w.core_length, r.shape) && neighbour_is(words, count, i, -1, r.before) &&
+            neighbour_is(words, count, i, 1, r.after))
+            return &r;
     return nullptr;
 }
 
@@ -240,7 +243,7 @@ bool brief_spoken_text(const char* paragraph, char* out, int32_t size) {
             rule->read(&s, core, w.core_length);
         }
         spoken_put_n(&s, core + w.core_length, w.length - w.core - w.core_length);
-        if (rule && rule->next_many) {  // the next word said to agree with the number
+        if (rule && rule->next_many && i + 1 < count) {  // the next word, said to agree with the number
             const Word& next = words[++i];
             int64_t v = value_of(core, w.core_length);
             spoken_put(&s, " ");

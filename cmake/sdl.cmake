@@ -26,7 +26,8 @@ endif()
 
 if(VOCALOG_BENCH)
   find_package(benchmark REQUIRED)
-  file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)
+  file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp
+       ${CMAKE_SOURCE_DIR}/bench/audio/*_bench.cpp)
   foreach(src ${VOCALOG_GL_BENCH_SOURCES})
     get_filename_component(name ${src} NAME_WE)
     add_executable(${name} ${src})

@@ -130,6 +130,7 @@ bool plat_speech_say(const char* text, PlatSpeechSinkFn sink, void* ctx) {
     espeak_ng_STATUS status = es.synthesize(text, strlen(text) + 1, 0, POS_CHARACTER, 0,
                                             espeakCHARS_AUTO | espeakENDPAUSE, nullptr, nullptr);
     sink_fn = nullptr;
+    if (status != ENS_OK && status != ENS_SPEECH_STOPPED) fail_status("speech synthesis failed", status);
     return status == ENS_OK;
 }
 

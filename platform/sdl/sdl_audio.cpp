@@ -17,7 +17,7 @@ static void SDLCALL feed(void* userdata, Uint8* stream, int bytes) {
     pull_fn((int16_t*)stream, bytes / 2, pull_ctx);
 }
 
-// The subsystem stays up once started: the next open is quicker, and SDL_Quit ends it.
+// The subsystem stays up once an output opened: the next open is quicker, and SDL_Quit ends it.
 bool plat_audio_open(int32_t rate, PlatAudioPullFn pull, void* ctx) {
     plat_audio_close();
     if (!SDL_WasInit(SDL_INIT_AUDIO) && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
@@ -35,6 +35,7 @@ bool plat_audio_open(int32_t rate, PlatAudioPullFn pull, void* ctx) {
     device = SDL_OpenAudioDevice(nullptr, 0, &want, nullptr, 0);  // SDL converts to the device's own format
     if (!device) {
         snprintf(error_text, sizeof error_text, "no audio output: %s", SDL_GetError());
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);  // a later open looks for an output afresh
         return false;
     }
     SDL_PauseAudioDevice(device, 0);

@@ -136,11 +136,12 @@ TEST_F(Brief, WavFileAndLoudspeakerAfterTheWrittenBriefing) {
     ASSERT_THAT(written, StartsWith("0|Hello, this is , a untitled"));
     const std::string said = run({"--seed", "1", "--say-text", "--wav", dir + "b.wav"});
     EXPECT_THAT(said, StartsWith(written));  // the written briefing first, then the spoken text
-    EXPECT_THAT(said, HasSubstr("Wind two eight zero at one five gust two five, barometric pressure three zero zero one."));
+    EXPECT_THAT(said, HasSubstr("Wind two eight zero at one five gust two five, barometric pressure three zero zero "
+                                "one."));
     const std::string wav = test_read_file(dir + "b.wav");
     ASSERT_GT(wav.size(), 44u);
-    auto u32 = [&](size_t at) { return uint32_t(uint8_t(wav[at]) | uint8_t(wav[at + 1]) << 8 | uint8_t(wav[at + 2]) << 16 | uint32_t(uint8_t(wav[at + 3])) << 24); };
     auto u16 = [&](size_t at) { return uint32_t(uint8_t(wav[at]) | uint8_t(wav[at + 1]) << 8); };
+    auto u32 = [&](size_t at) { return u16(at) | u16(at + 2) << 16; };
     EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
     EXPECT_EQ(u32(4), wav.size() - 8);
     EXPECT_EQ(u32(16), 16u);
