@@ -14,6 +14,7 @@
 #include "briefing/composer.h"
 #include "briefing/request.h"
 #include "briefing/world.h"
+#include "cli/brief_sound.h"
 #include "platform/platform.h"
 #include "base/alert.h"
 #include "util/folders.h"
@@ -23,7 +24,7 @@
 
 static const char* const usage_text =
     "usage: vocalog-brief --sim DIR --from CODE --to CODE [--aircraft PATH] [--altitude FEET]\n"
-    "                     [--seed N] [--out FILE]\n"
+    "                     [--seed N] [--out FILE] [--say-text] [--wav FILE] [--speak]\n"
     "\n"
     "Composes a pre-flight weather briefing and prints it (or writes it to FILE).\n"
     "  --sim DIR         simulator folder with Resources/Earth nav data/apt.dat, metar.rwx and\n"
@@ -34,7 +35,12 @@ static const char* const usage_text =
     "  --altitude FEET   cruise altitude, 0 to 99999 (default 5000)\n"
     "  --seed N          random state, 0 to 4294967295, for a repeatable briefing\n"
     "  --out FILE        write the briefing to FILE instead of standard output\n"
-    "  --help            show this text\n";
+    "  --say-text        then print the text the briefing is spoken from\n"
+    "  --wav FILE        then write the spoken briefing to FILE (WAV, 16-bit mono)\n"
+    "  --speak           then play the spoken briefing\n"
+    "  --help            show this text\n"
+    "Exit codes: 0 briefed, 1 a damaged data file, 2 a usage error, 3 no sound could be made,\n"
+    "written or played (the written briefing is complete).\n";
 
 [[noreturn]] static void usage_error(const std::string& message) {
     fprintf(stderr, "vocalog-brief: %s (see --help)\n", message.c_str());
@@ -54,8 +60,8 @@ static void fatal_exit() {
 }
 
 struct Options {
-    std::string sim, from, to, aircraft, out;
-    bool has_aircraft = false, has_seed = false, has_out = false;
+    std::string sim, from, to, aircraft, out, wav;
+    bool has_aircraft = false, has_seed = false, has_out = false, has_wav = false, speak = false, say_text = false;
     double altitude = 5000.0;
     uint32_t seed = 0;
 };
@@ -74,11 +80,15 @@ static Options parse(int argc, char** argv) {
             fputs(usage_text, stdout);
             exit(0);
         }
+        if (arg == "--speak" || arg == "--say-text") {
+            (arg == "--speak" ? o.speak : o.say_text) = true;
+            continue;
+        }
         std::string value;
         size_t eq = arg.find('=');
         std::string name = arg.substr(0, eq);
         if (name != "--sim" && name != "--from" && name != "--to" && name != "--aircraft" &&
-            name != "--altitude" && name != "--seed" && name != "--out")
+            name != "--altitude" && name != "--seed" && name != "--out" && name != "--wav")
             usage_error("unknown option '" + arg + "'");
         if (eq != std::string::npos) {
             value = arg.substr(eq + 1);
@@ -101,6 +111,9 @@ static Options parse(int argc, char** argv) {
         } else if (name == "--out") {
             o.out = value;
             o.has_out = true;
+        } else if (name == "--wav") {
+            o.wav = value;
+            o.has_wav = true;
         } else if (name == "--altitude") {
             char* end = nullptr;
             errno = 0;
@@ -190,11 +203,13 @@ int main(int argc, char** argv) {
             fprintf(stderr, "vocalog-brief: cannot write '%s'\n", o.out.c_str());
             return 1;
         }
-        return 0;
+    } else {
+        OutFile out;
+        out_attach(&out, stdout);
+        brief_put_paragraphs(&out);
+        out_close(&out);
+        if (!out_good(&out)) return 1;
     }
-    OutFile out;
-    out_attach(&out, stdout);
-    brief_put_paragraphs(&out);
-    out_close(&out);
-    return out_good(&out) ? 0 : 1;
+    if (!o.say_text && !o.has_wav && !o.speak) return 0;
+    return brief_sound(o.say_text, o.has_wav ? o.wav.c_str() : nullptr, o.speak);
 }

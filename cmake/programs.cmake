@@ -1,6 +1,11 @@
-# The programs: vocalog-brief, the command-line briefer (built into the build folder root).
-add_executable(vocalog-brief ${CMAKE_SOURCE_DIR}/cli/vocalog_brief_main.cpp)
-target_link_libraries(vocalog-brief PRIVATE vocalog_headless)
+# The programs: vocalog-brief, the command-line briefer (built into the build folder root),
+# with SDL's audio output for --speak where SDL2 is found.
+add_executable(vocalog-brief ${CMAKE_SOURCE_DIR}/cli/vocalog_brief_main.cpp ${CMAKE_SOURCE_DIR}/cli/brief_sound.cpp)
+if(TARGET vocalog_gui)
+  target_link_libraries(vocalog-brief PRIVATE vocalog_gui)
+else()
+  target_link_libraries(vocalog-brief PRIVATE vocalog_headless)
+endif()
 
 # The command-line tests run the built program: build it before them.
 function(vocalog_cli_test_deps)

@@ -11,7 +11,7 @@ endif()
 file(GLOB VOCALOG_SDL_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sdl/*.cpp)
 add_library(vocalog_platform_sdl STATIC ${VOCALOG_POSIX_SOURCES} ${VOCALOG_SDL_SOURCES})
 target_include_directories(vocalog_platform_sdl PUBLIC ${CMAKE_SOURCE_DIR})
-target_link_libraries(vocalog_platform_sdl PUBLIC PkgConfig::SDL2)
+target_link_libraries(vocalog_platform_sdl PUBLIC PkgConfig::SDL2 ${CMAKE_DL_LIBS})
 
 # The program's code with the windowed layer. GL entry points come through SDL's look-up,
 # so no GL library is linked; the GL headers are all that is needed.
@@ -49,7 +49,8 @@ endif()
 
 if(VOCALOG_BENCH)
   find_package(benchmark REQUIRED)
-  file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)
+  file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp
+       ${CMAKE_SOURCE_DIR}/bench/audio/*_bench.cpp)
   foreach(src ${VOCALOG_GL_BENCH_SOURCES})
     get_filename_component(name ${src} NAME_WE)
     add_executable(${name} ${src})

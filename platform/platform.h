@@ -158,3 +158,30 @@ void plat_reset_messages();
 // Whether PLAT_VK_SHIFT or PLAT_VK_CONTROL was down at the last message taken by
 // plat_peek_message (the key state the message handler sees).
 bool plat_key_held(uint32_t virtual_key);
+
+// ---- speech synthesis (platform/posix: libespeak-ng, loaded when first asked for) ----
+
+// Loads the speech engine and its American English voice. The first answer stands for the
+// rest of the run; false when the library or its voice data is missing, and
+// plat_speech_error() then says what is missing. ESPEAK_DATA_PATH, when set, names the
+// folder of the voice data (or the folder that holds espeak-ng-data/).
+bool plat_speech_open();
+const char* plat_speech_error();  // "" while nothing failed
+int32_t plat_speech_rate();       // samples a second of the synthesised sound; 0 before open
+// Synthesises `text` (ASCII) on the calling thread, handing mono 16-bit samples to `sink` as
+// they are made; a sink returning false stops the synthesis. Never two at once. False when
+// the engine failed or the sink stopped it.
+using PlatSpeechSinkFn = bool (*)(const int16_t* samples, int32_t count, void* ctx);
+bool plat_speech_say(const char* text, PlatSpeechSinkFn sink, void* ctx);
+
+// ---- audio output (platform/sdl; platform/null has none) ----
+
+// Fills `out` with the next `count` mono 16-bit samples; runs on the audio thread.
+using PlatAudioPullFn = void (*)(int16_t* out, int32_t count, void* ctx);
+// Opens the default output at `rate` samples a second and starts pulling samples. False
+// when there is no audio output; plat_audio_error() then says why.
+bool plat_audio_open(int32_t rate, PlatAudioPullFn pull, void* ctx);
+const char* plat_audio_error();
+// Stops pulling and releases the output; safe when nothing is open and from any thread
+// other than the audio thread.
+void plat_audio_close();

@@ -1,6 +1,8 @@
 // vocalog-brief end to end: the built program run on generated simulator folders.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <sys/wait.h>
@@ -33,18 +35,21 @@ class Brief : public testing::Test {
         if (metar.empty()) std::filesystem::remove(sim + "metar.rwx");
         else test_write_file(sim, "metar.rwx", metar);
     }
-    // Runs the program built beside this test executable, the per-user folder under dir + "xdg".
+    // Runs the program built beside this test executable, the per-user folder under dir + "xdg",
+    // with the environment settings `env` ("NAME=value ..."); without `with_errors` only the code and
+    // standard output.
     // The result: the exit code, "|", standard output, "|", standard error.
-    std::string run(std::vector<std::string> args, bool base = true) {
+    std::string run(std::vector<std::string> args, bool base = true, const std::string& env = "",
+                    bool with_errors = true) {
         if (base) args.insert(args.begin(), {"--sim", sim, "--from", "KABQ", "--to", "KSAF"});
         char here[4096];
         if (!plat_program_folder(here, sizeof here)) here[0] = 0;
         auto quote = [](const std::string& s) { return "'" + s + "'"; };  // the paths hold no quote
-        std::string cmd = "XDG_DATA_HOME=" + quote(dir + "xdg") + " " + quote(std::string(here) + "vocalog-brief");
+        std::string cmd = env + " XDG_DATA_HOME=" + quote(dir + "xdg") + " " + quote(std::string(here) + "vocalog-brief");
         for (const std::string& a : args) cmd += " " + quote(a);
         int status = std::system((cmd + " >" + quote(dir + "out") + " 2>" + quote(dir + "err")).c_str());
-        return std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "|" + test_read_file(dir + "out") + "|" +
-               test_read_file(dir + "err");
+        std::string r = std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "|" + test_read_file(dir + "out");
+        return with_errors ? r + "|" + test_read_file(dir + "err") : r;
     }
     std::string dir = test_temp_dir(), sim = dir + "sim/";
 };
@@ -114,4 +119,68 @@ TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
                                HasSubstr("at 900 zulu, Alpha is reporting skies 3300 broken, visibility 10 miles. "),
                                HasSubstr("at 900 zulu, Sierra is reporting skies 3300 broken, "),
                                testing::EndsWith("|")));
+}
+
+// The 16-bit samples after a WAV file's 44-byte header, or of a raw file; zeros dropped when asked.
+static std::vector<int16_t> samples(const std::string& bytes, size_t from, bool drop_zeros) {
+    std::vector<int16_t> s;
+    for (size_t k = from; k + 1 < bytes.size(); k += 2) {
+        int16_t v = int16_t(uint8_t(bytes[k]) | uint8_t(bytes[k + 1]) << 8);
+        if (v || !drop_zeros) s.push_back(v);
+    }
+    return s;
+}
+
+TEST_F(Brief, WavFileAndLoudspeakerAfterTheWrittenBriefing) {
+    const std::string written = run({"--seed", "1"}, true, "", false);  // "0|" and the written briefing
+    ASSERT_THAT(written, StartsWith("0|Hello, this is , a untitled"));
+    const std::string said = run({"--seed", "1", "--say-text", "--wav", dir + "b.wav"});
+    EXPECT_THAT(said, StartsWith(written));  // the written briefing first, then the spoken text
+    EXPECT_THAT(said, HasSubstr("Wind two eight zero at one five gust two five, barometric pressure three zero zero "
+                                "one."));
+    const std::string wav = test_read_file(dir + "b.wav");
+    ASSERT_GT(wav.size(), 44u);
+    auto u16 = [&](size_t at) { return uint32_t(uint8_t(wav[at]) | uint8_t(wav[at + 1]) << 8); };
+    auto u32 = [&](size_t at) { return u16(at) | u16(at + 2) << 16; };
+    EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
+    EXPECT_EQ(u32(4), wav.size() - 8);
+    EXPECT_EQ(u32(16), 16u);
+    EXPECT_EQ(u16(20), 1u);       // PCM
+    EXPECT_EQ(u16(22), 1u);       // mono
+    EXPECT_EQ(u32(24), 22050u);   // samples a second
+    EXPECT_EQ(u32(28), 44100u);   // bytes a second
+    EXPECT_EQ(u16(32) * 100 + u16(34), 216u);  // 2 bytes a frame, 16 bits
+    EXPECT_EQ(u32(40), wav.size() - 44);
+    const std::vector<int16_t> s = samples(wav, 44, false);
+    double power = 0;
+    int peak = 0, silent_runs = 0, run_length = 0;
+    for (int16_t v : s) {
+        power += double(v) * v, peak = std::max(peak, std::abs(int(v)));
+        run_length = std::abs(int(v)) < 64 ? run_length + 1 : 0;
+        silent_runs += run_length == 22050 / 4;  // a quarter second of quiet: between sentences
+    }
+    EXPECT_TRUE(s.size() > 30 * 22050 && s.size() < 120 * 22050) << s.size();
+    EXPECT_GT(std::sqrt(power / double(s.size())), 1000.0);
+    EXPECT_GT(peak, 10000);
+    EXPECT_GE(silent_runs, 4);
+    // --speak through SDL's disk driver: the same sound, with silence wherever playing ran ahead of it.
+    const std::string play = run({"--seed", "1", "--speak"}, true,
+                                 "SDL_AUDIODRIVER=disk SDL_DISKAUDIODELAY=0 SDL_DISKAUDIOFILE='" + dir + "played.raw'");
+    if (play.find("this build has no audio output") != std::string::npos) GTEST_SKIP() << "built without SDL";
+    ASSERT_THAT(play, StartsWith(written));
+    EXPECT_TRUE(samples(test_read_file(dir + "played.raw"), 0, true) == samples(wav, 44, true));
+}
+
+TEST_F(Brief, MissingVoiceDataIsReportedAfterTheWrittenBriefing) {
+    const std::string written = run({"--seed", "1"}, true, "", false).substr(1);
+    for (const std::string& data : {dir + "nowhere", dir}) {  // no folder; a folder without voice data
+        for (const char* option : {"--wav", "--speak"}) {
+            const std::vector<std::string> args = {"--seed", "1", option, dir + "b.wav"};
+            const std::string r = run(std::vector<std::string>(args.begin(), args.end() - (option[2] == 's')), true,
+                                      "ESPEAK_DATA_PATH='" + data + "'");
+            EXPECT_THAT(r, StartsWith("3" + written));
+            EXPECT_THAT(r, MatchesRegex("(.|\n)*\\|[^|]*no speech voice data[^|]*ESPEAK_DATA_PATH '" + data + "'[^|]*"));
+        }
+    }
+    EXPECT_FALSE(std::filesystem::exists(dir + "b.wav"));
 }
