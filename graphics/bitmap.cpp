@@ -57,7 +57,7 @@ static void upload(const char* path, int32_t index, int32_t filter, int32_t w, i
     if (filter == BMP_RGB_MIP || filter == BMP_MAGENTA_CLEAR_MIP || filter == BMP_GREY_ALPHA_MIP) {
         OGL_mini_me(path, index, filter, format, w, h, OGL_pixbuf);
     } else {
-        GLint nearest = index == 300 || index == 302 || index == 303;
+        GLint nearest = index == TEX_SHEET || index == TEX_FONT_SHEET || index == TEX_SHEET_EXTRA;
         qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, nearest ? GL_NEAREST : GL_LINEAR);
         qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, nearest ? GL_NEAREST : GL_LINEAR);
     }
@@ -74,7 +74,7 @@ int32_t OGL_texbmp(int32_t mode, int32_t where, int32_t filter, const char* name
         str_append(line, ".");
         MACIBM_progress(line);
     }
-    if (filter < -109 || filter > -104) MACIBM_fatal("Bad filter type!", "", "", name);
+    if (filter < BMP_GREY_ALPHA_MIP || filter > BMP_RGB) MACIBM_fatal("Bad filter type!", "", "", name);
     const int32_t bpt = compose || filter <= BMP_MAGENTA_CLEAR ? 4 : 3;
 
     int32_t width = 16, height = 16;

@@ -2,7 +2,7 @@
 // scaling down to the driver's limit and the filters' alpha.
 #include "graphics/bitmap_pixels.h"
 
-#include "graphics/bitmap.h"
+#include "graphics/textures.h"
 
 static bool is_magenta(const uint8_t* t) { return t[0] == 255 && t[1] == 0 && t[2] == 255; }
 

@@ -7,6 +7,7 @@
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/primitives.h"
+#include "graphics/textures.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
 #include "window/gl_caps.h"
@@ -105,12 +106,12 @@ static void pulse_palette(float t) {
     float a = 0.8f + 0.2f * sinf(10.0f * t);
     float b = 0.7f + 0.3f * sinf(25.0f * t);
     float d = 0.6f + 0.4f * sinf(10.0f * t);
-    OGL_set_palette(54, 0.2f * a, a, 0.2f * a);
-    OGL_set_palette(55, 0.2f * b, b, 0.2f * b);
-    OGL_set_palette(56, a, 0.2f * a, 0.2f * a);
-    OGL_set_palette(57, b, 0.2f * b, 0.2f * b);
-    OGL_set_palette(58, d, d, d);
-    OGL_set_palette(59, d, 0.9f * d, 0.5f * d);
+    OGL_set_palette(COLOR_PULSE_GREEN, 0.2f * a, a, 0.2f * a);
+    OGL_set_palette(COLOR_PULSE_GREEN_FAST, 0.2f * b, b, 0.2f * b);
+    OGL_set_palette(COLOR_PULSE_RED, a, 0.2f * a, 0.2f * a);
+    OGL_set_palette(COLOR_PULSE_RED_FAST, b, 0.2f * b, 0.2f * b);
+    OGL_set_palette(COLOR_PULSE_GREY, d, d, d);
+    OGL_set_palette(COLOR_PULSE_AMBER, d, 0.9f * d, 0.5f * d);
 }
 
 // The pointer sprite of the interface sheet: pixels 327..349 across, 337..359 down.
@@ -119,14 +120,14 @@ static void draw_pointer() {
     const float t_top = (512.0f - 337.0f) / 512.0f, t_bottom = (512.0f - 359.0f) / 512.0f;
     float l = ShellInput.mouse_x - 7.0f, r = ShellInput.mouse_x + 15.0f;
     float b = ShellInput.mouse_y - 18.0f, t = ShellInput.mouse_y + 4.0f;
-    OGL_draw_quad(300, 61, 1.0f, l, b, s1, t_bottom, l, t, s1, t_top, r, t, s2, t_top, r, b, s2, t_bottom,
+    OGL_draw_quad(TEX_SHEET, COLOR_LIT, 1.0f, l, b, s1, t_bottom, l, t, s1, t_top, r, t, s2, t_top, r, b, s2, t_bottom,
                   1, OGL_ALPHA_ON, OGL_BLEND_OFF);
 }
 
 static void draw_tooltip() {
     TooltipBox box = tooltip_box(ShellInput.help_text, ShellInput.mouse_x, ShellInput.mouse_y);
     BTN_util_draw_panel(6, box.x - 10.0f, box.y - 10.0f, box.w + 20.0f, box.h + 20.0f, "");
-    OGL_draw_string(66, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, 104);
+    OGL_draw_string(COLOR_TEXT, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, 104);
 }
 
 static void deliver_messages() {
@@ -163,7 +164,7 @@ static void run_pass() {
     pulse_palette(ShellInput.elapsed_secs);
     OGL_pulse_drawn = 0;
 
-    if (cur_screen < 996 || cur_screen > 999) {
+    if (!screen_is_modal(cur_screen)) {  // modal screens draw in their own loops
         OGL_draw_background();
         app_draw();
     }
