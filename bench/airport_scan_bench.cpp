@@ -16,7 +16,7 @@ static void BM_ScanFullSizeAptDat(benchmark::State& state) {
         char path[500];
         strcpy(path, file.c_str());
         fio_reset();
-        if (!fio_open(path, 0, 600, 1)) state.SkipWithError("open failed");
+        if (!fio_open(path, FILE_TYPE_TEXT, 600, 1)) state.SkipWithError("open failed");
         apt_scan(path);
         fio_close();
         benchmark::DoNotOptimize(apt_table.runway_count);

@@ -149,7 +149,7 @@ bool bench_world_load(const std::string& dir) {
     char path[500];
     snprintf(path, sizeof path, "%sapt.dat", dir.c_str());
     fio_reset();
-    if (!fio_open(path, 0, 600, 1)) return false;
+    if (!fio_open(path, FILE_TYPE_TEXT, 600, 1)) return false;
     apt_reset();
     apt_scan(path);
     fio_close();

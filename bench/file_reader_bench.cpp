@@ -36,7 +36,7 @@ static void BM_ReadNumbers(benchmark::State& state) {
         char path[500];
         strcpy(path, file.c_str());
         fio_reset();
-        if (!fio_open(path, 0, 600, 1)) state.SkipWithError("open failed");
+        if (!fio_open(path, FILE_TYPE_TEXT, 600, 1)) state.SkipWithError("open failed");
         int64_t count = 0;
         double sum = 0;
         for (;;) {

@@ -32,11 +32,11 @@ int32_t acf_read(int32_t aircraft, const char* path) {
     Text p;
     str_copy(path, p);
     int32_t size = 0;
-    if (fio_open(p, 3, 600, 0)) {
+    if (fio_open(p, FILE_TYPE_AIRCRAFT, 600, 0)) {
         size = ACF_BLOCK_SIZE_600;
     } else {
         str_copy(path, p);
-        if (fio_open(p, 3, 626, 0)) size = ACF_BLOCK_SIZE;
+        if (fio_open(p, FILE_TYPE_AIRCRAFT, 626, 0)) size = ACF_BLOCK_SIZE;
     }
     if (size == 0) {
         fio_close();

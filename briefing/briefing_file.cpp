@@ -5,6 +5,7 @@
 
 #include "briefing/composer.h"
 #include "briefing/request.h"
+#include "briefing/speaker.h"
 #include "base/alert.h"
 #include "base/shutdown.h"
 #include "platform/platform.h"
@@ -46,5 +47,6 @@ void brief_write_file(int32_t command) {
                          "Could the folder be read-only, or the disk full?", "", ALERT_NOTE);
         }
     }
+    if (command == CMD_SPEAK) brief_speak_toggle(brief_compose);
     if (command == CMD_QUIT) quit_requested = 1;
 }

@@ -15,7 +15,7 @@
 static void scan_airports() {
     Text path;
     str_join(folders.path[FOLDER_EARTH_NAV], "apt.dat", path);
-    if (!fio_open(path, 0, 600, 1))
+    if (!fio_open(path, FILE_TYPE_TEXT, 600, 1))
         MACIBM_alert(0, "I am unable to access a nav or airport data file!", "The path I am looking at is as follows:",
                      path, "Make sure the file listed above is available in the path listed above!", ALERT_NOTE);
     apt_table.airport_count = -1;

@@ -2,19 +2,11 @@
 #pragma once
 #include <cstdint>
 
+#include "graphics/textures.h"  // the filter types
+
 enum : int32_t {
     BMP_TEXTURE = -100,  // `where` is the texture index
     BMP_COMPOSE = -101,  // `where` is x * 10000 + y in the 1024-wide staging buffer
-};
-
-// Filter types: texel format, alpha treatment and mipmaps.
-enum : int32_t {
-    BMP_RGB = -104,             // RGB, no mipmaps
-    BMP_RGB_MIP = -105,         // RGB, mipmaps
-    BMP_MAGENTA_CLEAR = -106,   // RGBA, magenta transparent
-    BMP_GREY_ALPHA = -107,      // RGBA, alpha = (R + G + B) / 3
-    BMP_MAGENTA_CLEAR_MIP = -108,
-    BMP_GREY_ALPHA_MIP = -109,
 };
 
 // Reads the bitmap `name` (a file name under the bitmaps folder, or a path under the program

@@ -37,16 +37,16 @@ void OGL_set_palette(int32_t index, float red, float green, float blue) {
 void OGL_set_swap(OglSwapFn fn) { swap_fn = fn; }
 
 // The colour of a palette entry: recorded as bytes in compose mode, else sent to GL with the
-// tint on entries below 49, opaque when alpha is above 0.99.
+// tint on the tinted entries, opaque when alpha is above 0.99.
 void OGL_set_color(int32_t index, float alpha) {
     const float* c = OGL_palette[index];
     if (bg_compose == 1) {
         for (int i = 0; i < 3; ++i) compose_rgb[i] = (uint8_t)ogl_round(c[i] * 255.0f);
         return;
     }
-    if (index >= OGL_PULSE_FIRST && index <= OGL_PULSE_LAST) OGL_mark_pulse(OGL_PULSING);
+    if (index >= COLOR_PULSE_GREEN && index <= COLOR_PULSE_AMBER) OGL_mark_pulse(OGL_PULSING);
     float rgb[3] = {c[0], c[1], c[2]};
-    if (index < 49)
+    if (index < OGL_TINTED)
         for (int i = 0; i < 3; ++i) rgb[i] *= OGL_tint[i];
     if ((double)alpha > 0.99)
         qglColor3fv(rgb);
@@ -111,13 +111,13 @@ void OGL_set_state(int32_t fog, int32_t tex_units, int32_t lighting, int32_t alp
             select_unit(1);
         }
     }
-    OGL_set_color(61, 1.0f);
+    OGL_set_color(COLOR_LIT, 1.0f);
 }
 
 void OGL_set_projection(int32_t mode, float left, float bottom, float right, float top,
                         float vp_left, float vp_bottom, float vp_right, float vp_top,
                         float near_z, float far_z, float zoom) {
-    if (mode == 2) {
+    if (mode == OGL_PROJ_DESIGN) {
         left -= ui_margin_x;
         right += DESIGN_W + ui_margin_x;
         top += DESIGN_H + ui_margin_y;
@@ -125,7 +125,7 @@ void OGL_set_projection(int32_t mode, float left, float bottom, float right, flo
         vp_bottom = 0.0f;
         vp_right = disp_width;
         vp_top = disp_height;
-    } else if (mode == 3) {
+    } else if (mode == OGL_PROJ_PERSPECTIVE) {
         left *= near_z;
         bottom *= near_z;
         right *= near_z;
@@ -139,9 +139,9 @@ void OGL_set_projection(int32_t mode, float left, float bottom, float right, flo
     float h = vp_top - vp_bottom;
     qglMatrixMode(GL_PROJECTION);
     qglLoadIdentity();
-    if (mode == 2)
+    if (mode == OGL_PROJ_DESIGN)
         qglOrtho(left / zoom, right / zoom, bottom / zoom, top / zoom, -1.0, 1.0);
-    else if (mode == 3)
+    else if (mode == OGL_PROJ_PERSPECTIVE)
         qglFrustum(left / zoom, right / zoom, bottom * h / w / zoom, top * h / w / zoom, near_z, far_z);
     qglViewport((GLint)vp_left, (GLint)vp_bottom, (GLsizei)w, (GLsizei)h);
     qglMatrixMode(GL_MODELVIEW);
@@ -149,7 +149,7 @@ void OGL_set_projection(int32_t mode, float left, float bottom, float right, flo
 }
 
 int32_t OGL_swap_buffers() {
-    OGL_set_color(61, 1.0f);  // entry 61 is above the tinted range
+    OGL_set_color(COLOR_LIT, 1.0f);  // above the tinted range
     return swap_fn ? swap_fn() : 0;
 }
 

@@ -4,6 +4,28 @@
 
 constexpr int32_t OGL_PALETTE_SIZE = 112;
 
+// Palette entries the program draws with, by what they are used for.
+enum : int32_t {
+    COLOR_WHITE = 0,        // images, labels and the background tiles; tinted
+    COLOR_LIST_FRAME = 24,  // black: the list picker's default frame
+    COLOR_PULSE_GREEN = 54, // 54..59 change every pass (the event loop's pulse)
+    COLOR_PULSE_GREEN_FAST = 55,
+    COLOR_PULSE_RED = 56,
+    COLOR_PULSE_RED_FAST = 57,
+    COLOR_PULSE_GREY = 58,
+    COLOR_PULSE_AMBER = 59,
+    COLOR_LIT = 61,         // white, never tinted: lit overlays, the pointer, what a state switch leaves
+    COLOR_TEXT = 66,        // bright green: text of fields, lists and the briefing
+    COLOR_FOLDER = 85,      // yellow: folder rows in lists
+};
+constexpr int32_t OGL_TINTED = 49;  // entries below this one are multiplied by the tint
+
+// Projection modes.
+enum : int32_t {
+    OGL_PROJ_DESIGN = 2,       // the 1024 x 768 design space over the whole window
+    OGL_PROJ_PERSPECTIVE = 3,  // a frustum in the design space's viewport
+};
+
 // State codes: the on and off code of each capability the state switch manages.
 enum : int32_t {
     OGL_FOG_ON = 2, OGL_FOG_OFF = 3,
@@ -19,8 +41,6 @@ extern float OGL_tint[3];                       // multiplies palette entries 0.
 extern int32_t gl_tex_units;  // texture units the last state switch enabled
 extern int32_t bg_compose;    // 1: colours are recorded and lines/rectangles go to the background image
 extern uint8_t compose_rgb[3];
-// Palette entries that the event loop changes every pass (pulsing colours).
-constexpr int32_t OGL_PULSE_FIRST = 54, OGL_PULSE_LAST = 59;
 // How much the frame being drawn moves on its own; the event loop clears it at each pass and
 // paces the next pass by it. Pulsing colours change the look of whole pieces; a small pulse
 // (a text cursor) looks smooth at a few passes a second.
@@ -42,7 +62,7 @@ void OGL_set_palette(int32_t index, float red, float green, float blue);
 // The default colours of every fixed palette entry, and the tint at 1.
 void OGL_default_palette();
 
-// Ends a frame: colour back to entry 61, then the platform's buffer swap; returns its result.
+// Ends a frame: colour back to COLOR_LIT, then the platform's buffer swap; returns its result.
 int32_t OGL_swap_buffers();
 // The platform's swap, installed by the window layer; without one the swap returns 0.
 using OglSwapFn = int32_t (*)();

@@ -97,10 +97,10 @@ void OGL_draw_quad(int32_t texture, int32_t color, float alpha,
 
 void OGL_draw_background() {
     OGL_set_state(OGL_FOG_OFF, 1, OGL_LIGHT_OFF, OGL_ALPHA_ON, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF);
-    OGL_set_color(0, 1.0f);  // white, tinted, opaque
+    OGL_set_color(COLOR_WHITE, 1.0f);  // tinted, opaque
     for (int32_t i = 0; i < 4; ++i)
         for (int32_t j = 0; j < 3; ++j) {
-            OGL_bind_tex(311 + 4 * j + i, 1);
+            OGL_bind_tex(TEX_BACKGROUND + 4 * j + i, 1);
             float l = 256.0f * (float)i, r = 256.0f * (float)(i + 1);
             float b = 256.0f * (float)j, t = 256.0f * (float)(j + 1);
             qglBegin(GL_QUADS);

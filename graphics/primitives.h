@@ -12,7 +12,7 @@ void OGL_draw_quad(int32_t texture, int32_t color, float alpha,
                    float x1, float y1, float s1, float t1, float x2, float y2, float s2, float t2,
                    float x3, float y3, float s3, float t3, float x4, float y4, float s4, float t4,
                    int32_t tex_units, int32_t alpha_code, int32_t blend_code);
-// The twelve 256 x 256 background tiles (textures 311..322) over the whole design area.
+// The twelve 256 x 256 background tiles (TEX_BACKGROUND..) over the whole design area.
 void OGL_draw_background();
 
 // The background image in OGL_pixbuf: 1024 texels a row, 4 bytes each, row 0 at the bottom.

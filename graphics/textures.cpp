@@ -149,8 +149,8 @@ void OGL_mini_me(const char* name, int32_t index, int32_t filter, GLenum format,
 
 void OGL_bleed_alpha(int32_t index, int32_t filter, int32_t width, int32_t height,
                      int32_t bytes_per_texel, int32_t row_length) {
-    if (filter < -109 || filter > -106) return;
-    if (index == 126 || index == 301 || (index >= 251 && index <= 299)) return;
+    if (filter < BMP_GREY_ALPHA_MIP || filter > BMP_MAGENTA_CLEAR) return;  // the RGBA filters only
+    if (index == 126 || index == TEX_GLYPHS || (index >= 251 && index <= 299)) return;
     if (bytes_per_texel < 4) return;  // no alpha to look at
     const int32_t bpt = bytes_per_texel;
     for (int32_t y = 0; y < height; ++y)

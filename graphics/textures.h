@@ -5,6 +5,26 @@
 #include <cstdint>
 
 constexpr int32_t OGL_TEX_COUNT = 4894;  // indices 0..4893 are the GL texture names themselves
+
+// Texture indices the program loads or draws with.
+enum : int32_t {
+    TEX_SHEET = 300,           // the interface sheet "general_interface", addressed as 512 x 512 texels
+    TEX_GLYPHS = 301,          // the two-byte glyph sheet of the Korean menus
+    TEX_FONT_SHEET = 302,      // the suite's font sheet
+    TEX_SHEET_EXTRA = 303,     // the suite's further sheet; the three sheets are drawn texel for texel
+    TEX_BACKGROUND = 311,      // the twelve 256 x 256 background tiles, 311 + 4 row + column,
+    TEX_BACKGROUND_LAST = 322, // row 0 at the bottom
+};
+
+// Filter types of a bitmap: texel format, alpha treatment and mipmaps.
+enum : int32_t {
+    BMP_RGB = -104,             // RGB, no mipmaps
+    BMP_RGB_MIP = -105,         // RGB, mipmaps
+    BMP_MAGENTA_CLEAR = -106,   // RGBA, magenta transparent
+    BMP_GREY_ALPHA = -107,      // RGBA, alpha = (R + G + B) / 3
+    BMP_MAGENTA_CLEAR_MIP = -108,
+    BMP_GREY_ALPHA_MIP = -109,
+};
 constexpr int32_t OGL_PIXBUF_SIZE = 4 * 1024 * 1024;
 
 // The one staging buffer for every bitmap and the background image (1024 x 1024 RGBA texels).

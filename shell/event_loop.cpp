@@ -7,6 +7,7 @@
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/primitives.h"
+#include "graphics/textures.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
 #include "window/gl_caps.h"
@@ -108,12 +109,12 @@ static void pulse_palette(float t) {
     float a = 0.8f + 0.2f * sinf(10.0f * t);
     float b = 0.7f + 0.3f * sinf(25.0f * t);
     float d = 0.6f + 0.4f * sinf(10.0f * t);
-    OGL_set_palette(54, 0.2f * a, a, 0.2f * a);
-    OGL_set_palette(55, 0.2f * b, b, 0.2f * b);
-    OGL_set_palette(56, a, 0.2f * a, 0.2f * a);
-    OGL_set_palette(57, b, 0.2f * b, 0.2f * b);
-    OGL_set_palette(58, d, d, d);
-    OGL_set_palette(59, d, 0.9f * d, 0.5f * d);
+    OGL_set_palette(COLOR_PULSE_GREEN, 0.2f * a, a, 0.2f * a);
+    OGL_set_palette(COLOR_PULSE_GREEN_FAST, 0.2f * b, b, 0.2f * b);
+    OGL_set_palette(COLOR_PULSE_RED, a, 0.2f * a, 0.2f * a);
+    OGL_set_palette(COLOR_PULSE_RED_FAST, b, 0.2f * b, 0.2f * b);
+    OGL_set_palette(COLOR_PULSE_GREY, d, d, d);
+    OGL_set_palette(COLOR_PULSE_AMBER, d, 0.9f * d, 0.5f * d);
 }
 
 // The pointer sprite of the interface sheet: pixels 327..349 across, 337..359 down.
@@ -166,7 +167,7 @@ static void run_pass() {
     ShellInput.help_text[0] = 0;
     pulse_palette(ShellInput.elapsed_secs);
 
-    if (cur_screen < 996 || cur_screen > 999) {
+    if (!screen_is_modal(cur_screen)) {  // modal screens draw in their own loops
         OGL_draw_background();
         app_draw();
     }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/alert.h"
+#include "util/file_types.h"
 #include "util/paths.h"
 
 int32_t fio_cur_slot = 0;
@@ -29,7 +30,8 @@ void fio_reset() {
 
 bool fio_type_is_binary(int32_t type) {
     switch (type) {
-        case 2: case 3: case 7: case 10: case 11: case 19: case 20: return true;
+        case FILE_TYPE_WEAPON: case FILE_TYPE_AIRCRAFT: case FILE_TYPE_FLIGHT_PLAN: case FILE_TYPE_CAR:
+        case FILE_TYPE_SPA: case FILE_TYPE_OTHER_BINARY: case FILE_TYPE_PREFS: return true;
         default: return false;
     }
 }
@@ -81,7 +83,7 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
         }
         if (found != version) {
             if (warn != 1) return 0;
-            if (type == 3)
+            if (type == FILE_TYPE_AIRCRAFT)
                 MACIBM_fatal("The following file is the wrong version aircraft for this version of Zephyra:",
                              path,
                              "You MAY be able to get the aircraft up to date by opening it and re-saving it in Hullwright.",

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "util/file_stream.h"
+#include "util/file_types.h"
 
 constexpr int FIO_SLOTS = 2;
 

@@ -92,7 +92,7 @@ int32_t fio_prefs(int32_t record, int32_t direction, char* path) {
     }
     const int32_t version = record == PREF_LANG_RES ? PREF_LANG_RES_VERSION : PREF_SIM_VERSION;
     const bool reading = direction == PREF_READ;
-    int32_t ok = reading ? fio_open(path, PREF_TYPE, version, 0) : fio_save(path, PREF_TYPE, version);
+    int32_t ok = reading ? fio_open(path, FILE_TYPE_PREFS, version, 0) : fio_save(path, FILE_TYPE_PREFS, version);
 
     if (record == PREF_LANG_RES) lang_res(direction, ok);
     if (record == PREF_SIM && reading && ok && sim_reader) sim_reader();

@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "util/file_types.h"
 #include "util/out_file.h"
 
 extern OutFile fio_out;  // the program's one output file stream
@@ -19,7 +20,6 @@ extern float saved_disp_width, saved_disp_height, saved_disp_bits;
 enum : int32_t { PREF_SIM = 0, PREF_LANG_RES = 1 };
 enum : int32_t { PREF_READ = 7, PREF_WRITE = 8 };
 
-constexpr int32_t PREF_TYPE = 20;
 constexpr int32_t PREF_LANG_RES_VERSION = 3;
 constexpr int32_t PREF_SIM_VERSION = 6510;
 

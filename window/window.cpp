@@ -71,7 +71,7 @@ void window_release() {
 void MACIBM_graphics_failure() {
     Text path;
     str_copy(folders.path[FOLDER_LANG_RES_PREFS], path);
-    fio_save(path, PREF_TYPE, -999);
+    fio_save(path, FILE_TYPE_PREFS, -999);
     out_close(&fio_out);
     // The shut-down must not write the preferences over the reset file: only the display
     // and window release stays.

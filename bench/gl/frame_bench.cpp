@@ -20,14 +20,14 @@ static void BM_Frame500TexturedQuads(benchmark::State& state) {
     tex_reset();
     qglPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     qglAlphaFunc(GL_GREATER, 0.0f);
-    OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    OGL_set_projection(OGL_PROJ_DESIGN, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     // An interface sheet of 512 x 512 texels, as the widgets draw from.
     static uint8_t sheet[512 * 512 * 4];
     for (int i = 0; i < 512 * 512; ++i) {
         sheet[i * 4] = (uint8_t)i, sheet[i * 4 + 1] = (uint8_t)(i >> 3), sheet[i * 4 + 2] = 128;
         sheet[i * 4 + 3] = (i % 7) ? 255 : 0;
     }
-    OGL_load_tex("sheet", 300, 0, GL_RGBA, 512, 512, sheet);
+    OGL_load_tex("sheet", TEX_SHEET, 0, GL_RGBA, 512, 512, sheet);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 
@@ -36,8 +36,8 @@ static void BM_Frame500TexturedQuads(benchmark::State& state) {
         for (int k = 0; k < 500; ++k) {
             float x = (float)(k % 25) * 40.0f, y = (float)(k / 25) * 36.0f;
             float s = (float)(k % 16) / 16.0f, t = (float)(k % 32) / 32.0f;
-            OGL_draw_quad(300, 0, 1.0f, x, y, s, t, x, y + 16, s, t + 0.03125f, x + 32, y + 16, s + 0.0625f,
-                          t + 0.03125f, x + 32, y, s + 0.0625f, t, 1, 6, 9);
+            OGL_draw_quad(TEX_SHEET, COLOR_WHITE, 1.0f, x, y, s, t, x, y + 16, s, t + 0.03125f, x + 32, y + 16,
+                          s + 0.0625f, t + 0.03125f, x + 32, y, s + 0.0625f, t, 1, OGL_ALPHA_ON, OGL_BLEND_OFF);
         }
         qglFinish();  // the frame's rasterisation is done before the time is taken
     }
@@ -58,14 +58,15 @@ static void BM_Frame500QuadsCallsOnly(benchmark::State& state) {
     OGL_default_palette();
     tex_reset();
     static uint8_t px[4] = {255, 255, 255, 255};
-    OGL_load_tex("one", 300, 0, GL_RGBA, 1, 1, px);
-    OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    OGL_load_tex("one", TEX_SHEET, 0, GL_RGBA, 1, 1, px);
+    OGL_set_projection(OGL_PROJ_DESIGN, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     qglEnable(GL_SCISSOR_TEST);
     qglScissor(0, 0, 0, 0);  // nothing reaches the frame: only the calls are measured
     for (auto _ : state) {
         for (int k = 0; k < 500; ++k) {
             float x = (float)(k % 25) * 40.0f, y = (float)(k / 25) * 36.0f;
-            OGL_draw_quad(300, 0, 1.0f, x, y, 0, 0, x, y + 16, 0, 1, x + 32, y + 16, 1, 1, x + 32, y, 1, 0, 1, 6, 9);
+            OGL_draw_quad(TEX_SHEET, COLOR_WHITE, 1.0f, x, y, 0, 0, x, y + 16, 0, 1, x + 32, y + 16, 1, 1, x + 32, y,
+                          1, 0, 1, OGL_ALPHA_ON, OGL_BLEND_OFF);
         }
         qglFinish();
     }

@@ -35,11 +35,11 @@ static bool open_shell() {
     window_set_proc(MACIBM_window_proc);
     if (MACIBM_open_window() == 0) return false;
     MACIBM_gl_checks();
-    OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    OGL_set_projection(OGL_PROJ_DESIGN, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     static uint8_t pixels[512 * 512 * 4];
     memset(pixels, 128, sizeof pixels);
-    OGL_load_tex("general_interface", 300, 0, GL_RGBA, 512, 512, pixels);
-    for (int32_t id = 311; id <= 322; ++id) {
+    OGL_load_tex("general_interface", TEX_SHEET, 0, GL_RGBA, 512, 512, pixels);
+    for (int32_t id = TEX_BACKGROUND; id <= TEX_BACKGROUND_LAST; ++id) {
         OGL_load_tex("background texture", id, 0, GL_RGBA, 256, 256, pixels);
         qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     }

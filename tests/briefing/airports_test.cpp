@@ -19,7 +19,7 @@ static void scan(const std::string& records) {
     progress_calls = 0;
     progress_set([](const char* m) { progress_calls += strcmp(m, "Scanning airports.") == 0; });
     strcpy(path, test_write_file(test_temp_dir(), "apt.dat", "I\n600 Version - generated\n" + records).c_str());
-    ASSERT_EQ(fio_open(path, 0, 600, 1), 1);
+    ASSERT_EQ(fio_open(path, FILE_TYPE_TEXT, 600, 1), 1);
     apt_scan(path);
     fio_close();
 }

@@ -151,7 +151,7 @@ TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
 
 TEST_F(Composer, OtherCommands) {
     quit_requested = 0;
-    for (int32_t command : {1, 99, 101, 103, -1}) brief_write_file(command);
+    for (int32_t command : {1, 99, 101, 104, -1}) brief_write_file(command);
     EXPECT_EQ(quit_requested + alerts.size(), 0u);
     for (int32_t command : {CMD_ABOUT, CMD_QUIT}) brief_write_file(command);
     EXPECT_EQ(quit_requested, 1);

@@ -34,7 +34,7 @@ static void read_file(int which) {
     apt_reset();
     switch (which) {
     case 0:
-        if (fio_open(path, 0, 600, 1)) apt_scan(path);
+        if (fio_open(path, FILE_TYPE_TEXT, 600, 1)) apt_scan(path);
         break;
     case 1:
         add_airport("KSFO", 37.6f, -122.4f), add_airport("EGLL", 51.5f, -0.5f), add_airport("KSF", 0, 0);

@@ -48,22 +48,23 @@ TEST(RealContext, OpensChecksDrawsExactlyItsPixelsAndShutsDown) {
     EXPECT_EQ(sw_cursor, 1);  // llvmpipe or another Mesa renderer
 
     qglDisable(GL_DITHER);
-    OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    OGL_set_projection(OGL_PROJ_DESIGN, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     qglClearColor(0, 0, 0, 1);
     qglClear(GL_COLOR_BUFFER_BIT);
     panel_x = 40, panel_y = 30;
     OGL_fill_rect(7, 1.0f, 60, 70, 50, 40);
     panel_x = panel_y = 0;
-    OGL_fill_rect(0, 1.0f, 0, 200, 100, 50);
+    OGL_fill_rect(COLOR_WHITE, 1.0f, 0, 200, 100, 50);
     OGL_fill_rect(9, 0.5f, 0, 200, 50, 50);
     // Two texture units and back to none, then a quad on unit 1 of an opaque and a transparent texel.
     static const uint8_t px[2 * 4] = {60, 120, 200, 255, 90, 90, 90, 0};
     OGL_load_tex("quad", 400, 0, GL_RGBA, 2, 1, px);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    OGL_set_state(3, 2, 5, 7, 9, 11, 13);
-    OGL_set_state(3, 0, 5, 7, 9, 11, 13);
-    OGL_draw_quad(400, 0, 1.0f, 400, 200, 0, 0, 400, 216, 0, 1, 432, 216, 1, 1, 432, 200, 1, 0, 1, 6, 9);
+    OGL_set_state(OGL_FOG_OFF, 2, OGL_LIGHT_OFF, OGL_ALPHA_OFF, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF);
+    OGL_set_state(OGL_FOG_OFF, 0, OGL_LIGHT_OFF, OGL_ALPHA_OFF, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF);
+    OGL_draw_quad(400, COLOR_WHITE, 1.0f, 400, 200, 0, 0, 400, 216, 0, 1, 432, 216, 1, 1, 432, 200, 1, 0, 1,
+                  OGL_ALPHA_ON, OGL_BLEND_OFF);
 
     std::vector<uint8_t> frame(1024 * 768 * 4);
     qglReadPixels(0, 0, 1024, 768, GL_RGBA, GL_UNSIGNED_BYTE, frame.data());

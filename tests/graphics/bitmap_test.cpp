@@ -77,36 +77,36 @@ TEST_F(Bitmap, HeaderChecksEndTheProgramWithThePath) {
         {{.truncate_to = 40}, "File-scanning error!", "grf_inf.fail", "file:"}};
     for (const auto& r : rows) {
         bmp_write(dir, "bad.BMP", r.layout);
-        EXPECT_EXIT(OGL_texbmp(BMP_TEXTURE, 300, -106, "bad", nullptr, nullptr), testing::ExitedWithCode(0),
+        EXPECT_EXIT(OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "bad", nullptr, nullptr), testing::ExitedWithCode(0),
                     fatal_text(r.l1, r.l2, r.l3, dir + "bad.BMP"))
             << r.l1;
     }
-    for (int32_t filter : {-103, -110})
-        EXPECT_EXIT(OGL_texbmp(BMP_TEXTURE, 300, filter, "bad", nullptr, nullptr), testing::ExitedWithCode(0),
+    for (int32_t filter : {BMP_RGB + 1, BMP_GREY_ALPHA_MIP - 1})
+        EXPECT_EXIT(OGL_texbmp(BMP_TEXTURE, TEX_SHEET, filter, "bad", nullptr, nullptr), testing::ExitedWithCode(0),
                     fatal_text("Bad filter type!", "", "", "bad"));
 }
 
 TEST_F(Bitmap, PathsProgressAndTheCheckerboardOfAMissingFile) {
     bmp_write(dir, "pic.bmp", {.width = 2, .height = 2});
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 400, -104, "pic.bmp", nullptr, nullptr), 1);
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 400, BMP_RGB, "pic.bmp", nullptr, nullptr), 1);
     EXPECT_EQ(last_progress, "Loading bitmap pic.bmp.");
     const std::string full = root + "Resources:bitmaps:pic.bmp";  // under the program folder already
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 401, -104, full.c_str(), nullptr, nullptr), 1);
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 401, BMP_RGB, full.c_str(), nullptr, nullptr), 1);
     EXPECT_EQ(last_progress, "Loading bitmap Resources:bitmaps:pic.bmp.");
 
     int32_t w = 0, h = 0;  // "pic" looks for pic.BMP, which is not there
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 402, -104, "gone", nullptr, nullptr), 0);  // in RGB
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 300, -106, "pic", &w, &h), 0);
-    EXPECT_TRUE(w == 16 && h == 16 && gl.upload(300, 0)->height == 16 && gl.upload(300, 0)->format == GL_RGBA);
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 402, BMP_RGB, "gone", nullptr, nullptr), 0);  // in RGB
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "pic", &w, &h), 0);
+    EXPECT_TRUE(w == 16 && h == 16 && gl.upload(TEX_SHEET, 0)->height == 16 && gl.upload(TEX_SHEET, 0)->format == GL_RGBA);
     for (int t = 0; t < 256; ++t) {
         const int g = (t % 16 + t / 16) % 2 ? 200 : 100;
-        ASSERT_EQ(uploaded(300, t % 16, t / 16, 4), (Texel{g, g, g, 255})) << t;
+        ASSERT_EQ(uploaded(TEX_SHEET, t % 16, t / 16, 4), (Texel{g, g, g, 255})) << t;
         ASSERT_EQ(uploaded(402, t % 16, t / 16, 3), (Texel{g, g, g})) << t;
     }
-    EXPECT_EQ(gl.tex_params[300],
+    EXPECT_EQ(gl.tex_params[TEX_SHEET],
               (std::map<GLenum, GLint>{{GL_TEXTURE_MIN_FILTER, GL_NEAREST}, {GL_TEXTURE_MAG_FILTER, GL_NEAREST},
                                        {GL_TEXTURE_WRAP_S, GL_CLAMP}, {GL_TEXTURE_WRAP_T, GL_CLAMP}}));
-    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 0, -104, "intro:english", &w, &h), testing::ExitedWithCode(0),
+    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "intro:english", &w, &h), testing::ExitedWithCode(0),
                 fatal_text("Can't open bitmap!", dir + "intro/english.BMP"));
 }
 
@@ -115,7 +115,7 @@ TEST_F(Bitmap, RowsDropTheirPaddingAndTurnIntoTexels) {
         for (int32_t bpt : {3, 4}) {
             bmp_write(dir, "pad.BMP", {.width = w, .height = 4, .pixel = place_colour});
             int32_t ow = 0, oh = 0;
-            ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, bpt == 3 ? -104 : -106, "pad", &ow, &oh), 1);
+            ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, bpt == 3 ? BMP_RGB : BMP_MAGENTA_CLEAR, "pad", &ow, &oh), 1);
             std::vector<uint8_t> want;  // red x, green y, blue 7 and, in 4-byte texels, alpha 255
             for (int t = 0; t < w * 4; ++t) {
                 const uint8_t texel[4] = {(uint8_t)(t % w), (uint8_t)(t / w), 7, 255};
@@ -128,7 +128,7 @@ TEST_F(Bitmap, RowsDropTheirPaddingAndTurnIntoTexels) {
 
 TEST_F(Bitmap, ComposeLaysThePictureOverTheBufferAtItsPlace) {
     bmp_write(dir, "odd.BMP", {.width = 101, .height = 3, .pixel = place_colour});  // rows of 303 + 1 bytes
-    ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 0, -104, "odd", nullptr, nullptr), 1);
+    ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "odd", nullptr, nullptr), 1);
     for (int t = 0; t < 303; ++t) ASSERT_EQ(composed(t % 101, t / 101), (Texel{t % 101, t / 101, 7, 255})) << t;
     EXPECT_TRUE(gl.uploads.empty());
 
@@ -137,7 +137,7 @@ TEST_F(Bitmap, ComposeLaysThePictureOverTheBufferAtItsPlace) {
                                     return x == 1 && y == 0 ? BMP_MAGENTA : place_colour(x, y);
                                 }});
     int32_t w = 0, h = 0;
-    ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 10 * 10000 + 20, -104, "over", &w, &h), 1);
+    ASSERT_EQ(OGL_texbmp(BMP_COMPOSE, 10 * 10000 + 20, BMP_RGB, "over", &w, &h), 1);
     EXPECT_EQ(std::pair(w, h), std::pair(4, 2));
     EXPECT_EQ(composed(10, 20), (Texel{0, 0, 7, 255}));  // picture row 0 is the bottom
     EXPECT_EQ(composed(13, 21), (Texel{3, 1, 7, 255}));
@@ -145,7 +145,7 @@ TEST_F(Bitmap, ComposeLaysThePictureOverTheBufferAtItsPlace) {
         EXPECT_EQ(composed(x, y), (Texel{9, 9, 9, 9})) << x << "," << y;
 
     bmp_write(dir, "edge.BMP", {.width = 4, .height = 4});
-    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 1022, -104, "edge", nullptr, nullptr), testing::ExitedWithCode(0),
+    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 1022, BMP_RGB, "edge", nullptr, nullptr), testing::ExitedWithCode(0),
                 fatal_text("OGL_texbmp data out of bounds!", dir + "edge.BMP",
                            "This may be a custom cockpit with an instrument too far off the edge... fix the panel in "
                            "Hullwright!"));
@@ -155,17 +155,17 @@ TEST_F(Bitmap, AlphaFiltersAndMipmaps) {
     const uint32_t row[4] = {BMP_MAGENTA, 0x1E3C5C, 0xFFFFFF, BMP_MAGENTA};  // (30, 60, 92) second
     bmp_write(dir, "a.BMP", {.width = 4, .height = 1, .pixel = [&](int32_t x, int32_t) { return row[x]; }});
     const struct { int32_t index, filter, x; Texel want; } rows[] = {
-        {260, -106, 0, {128, 128, 128, 0}},  // magenta: transparent grey (index 260 is not bled)
-        {260, -106, 1, {30, 60, 92, 255}},   {260, -106, 3, {128, 128, 128, 0}},
-        {400, -106, 0, {30, 60, 92, 0}},  // bled: the opaque neighbour's colour
-        {400, -106, 3, {255, 255, 255, 0}},  {401, -107, 1, {30, 60, 92, 60}},  // 182 / 3, cut
-        {401, -107, 0, {255, 0, 255, 170}},
+        {260, BMP_MAGENTA_CLEAR, 0, {128, 128, 128, 0}},  // magenta: transparent grey (index 260 is not bled)
+        {260, BMP_MAGENTA_CLEAR, 1, {30, 60, 92, 255}},   {260, BMP_MAGENTA_CLEAR, 3, {128, 128, 128, 0}},
+        {400, BMP_MAGENTA_CLEAR, 0, {30, 60, 92, 0}},  // bled: the opaque neighbour's colour
+        {400, BMP_MAGENTA_CLEAR, 3, {255, 255, 255, 0}},  {401, BMP_GREY_ALPHA, 1, {30, 60, 92, 60}},  // 182 / 3, cut
+        {401, BMP_GREY_ALPHA, 0, {255, 0, 255, 170}},
     };
     for (const auto& r : rows) {
         OGL_texbmp(BMP_TEXTURE, r.index, r.filter, "a", nullptr, nullptr);
         EXPECT_EQ(uploaded(r.index, r.x, 0, 4), r.want) << r.index << " " << r.filter << " at " << r.x;
     }
-    OGL_texbmp(BMP_TEXTURE, 402, -109, "a", nullptr, nullptr);  // mipmapped: every level
+    OGL_texbmp(BMP_TEXTURE, 402, BMP_GREY_ALPHA_MIP, "a", nullptr, nullptr);  // mipmapped: every level
     EXPECT_TRUE(gl.upload(402, 2) && !gl.upload(402, 3));
     EXPECT_EQ(gl.tex_params[402][GL_TEXTURE_MIN_FILTER], GL_LINEAR_MIPMAP_LINEAR);
 }
@@ -178,7 +178,7 @@ TEST_F(Bitmap, ScalesDownToTheDriversMaximum) {
                                    return (uint32_t)(x * 10 + y) << 16 | 0x0000FFu;
                                }});
     int32_t w, h;
-    ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, -104, "big", &w, &h), 1);
+    ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 400, BMP_RGB, "big", &w, &h), 1);
     EXPECT_EQ(std::tuple(w, h, gl.upload(400, 0)->width, gl.upload(400, 0)->height), std::tuple(4, 4, 4, 4));
     EXPECT_EQ(uploaded(400, 0, 0, 3), (Texel{5, 0, 255}));  // red 0, 10, 1, 11: 5 (cut)
     EXPECT_EQ(uploaded(400, 2, 0, 3), (Texel{45, 0, 255}));
@@ -188,7 +188,7 @@ TEST_F(Bitmap, ScalesDownToTheDriversMaximum) {
     // is kept, and of it every second pixel.
     gl.integers[GL_MAX_TEXTURE_SIZE] = 2;
     bmp_write(dir, "odd.BMP", {.width = 3, .height = 2, .pixel = place_colour});
-    ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 401, -104, "odd", &w, &h), 1);
+    ASSERT_EQ(OGL_texbmp(BMP_TEXTURE, 401, BMP_RGB, "odd", &w, &h), 1);
     EXPECT_EQ(std::pair(w, h), std::pair(2, 1));
     EXPECT_THAT(gl.upload(401, 0)->pixels, ElementsAre(0, 1, 7, 2, 1, 7));
 }

@@ -47,9 +47,9 @@ TEST_F(Drawing, TextureUnitsSwitchEachUnitAndLeaveTheFirstActive) {
         {2, 0, 0, 3, 3},  // the active unit, then units 1 and 2, then unit 1 again
         {1, 0, 0, 1, 0}, {0, 0, 0, 0, 0}, {1, 1, 0, 0, 0}, {0, 2, 3, 0, 3}, {2, 1, 2, 1, 3}, {1, 3, 4, 0, 4}};
     for (const auto& r : rows) {
-        OGL_set_state(3, r.from, 5, 7, 9, 11, 13);
+        OGL_set_state(OGL_FOG_OFF, r.from, OGL_LIGHT_OFF, OGL_ALPHA_OFF, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF);
         gl.clear_log();
-        OGL_set_state(3, r.to, 5, 7, 9, 11, 13);
+        OGL_set_state(OGL_FOG_OFF, r.to, OGL_LIGHT_OFF, OGL_ALPHA_OFF, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF);
         EXPECT_EQ(std::tuple(gl.count("glEnable"), gl.count("glDisable"), gl.count("glActiveTextureARB"),
                              gl.active_unit, gl_tex_units),  // of GL_TEXTURE_2D only: the rest stays off
                   std::tuple(r.enables, r.disables, r.selects, 0, r.to)) << r.from << " to " << r.to;
@@ -62,7 +62,7 @@ TEST_F(Drawing, ColourRuleTintAlphaComposeAndSwap) {
     OGL_set_palette(49, 1, 1, 1);
     const struct { int32_t index; float alpha; const char* call; float r, g, b, a; } rows[] = {
         {48, 1.0f, "glColor3fv", 0, 0, 0.4f, 1}, {49, 1.0f, "glColor3fv", 1, 1, 1, 1},
-        {66, 0.99f, "glColor3fv", 0.1f, 1, 0.1f, 1}, {66, 0.5f, "glColor4f", 0.1f, 1, 0.1f, 0.5f},
+        {COLOR_TEXT, 0.99f, "glColor3fv", 0.1f, 1, 0.1f, 1}, {COLOR_TEXT, 0.5f, "glColor4f", 0.1f, 1, 0.1f, 0.5f},
         {2, 0.0f, "glColor4f", 0.5f, 0.05f, 0.1f, 0}};
     for (const auto& r : rows) {
         gl.clear_log();
@@ -72,7 +72,7 @@ TEST_F(Drawing, ColourRuleTintAlphaComposeAndSwap) {
     }
     OGL_set_swap([]() -> int32_t { return 7; });
     EXPECT_EQ(OGL_swap_buffers(), 7);
-    EXPECT_THAT(gl.color, ElementsAre(1, 1, 1, 1));  // entry 61, never tinted
+    EXPECT_THAT(gl.color, ElementsAre(1, 1, 1, 1));  // COLOR_LIT, never tinted
     OGL_set_swap(nullptr);
     EXPECT_EQ(OGL_swap_buffers(), 0);
 
@@ -92,10 +92,10 @@ TEST_F(Drawing, ProjectionSpansTheWindowWithItsMargins) {
     // sides times near, bottom and top times h / w of the viewport, which moves right by the
     // margin and grows with the scale.
     const struct { int32_t mode; float w, h; std::string calls; } rows[] = {
-        {2, 1024, 768, "glOrtho(-1,1025,-1,769,-1,1)\nglViewport(0,0,1024,768)"},
-        {2, 1280, 1024, "glOrtho(-1,1025,-1,820.2,-1,1)\nglViewport(0,0,1280,1024)"},
-        {2, 1600, 1024, "glOrtho(-89,1113,-1,769,-1,1)\nglViewport(0,0,1600,1024)"},
-        {3, 1600, 1024, "glFrustum(-2,2,-1,1,2,100)\nglViewport(117,0,400,200)"}};
+        {OGL_PROJ_DESIGN, 1024, 768, "glOrtho(-1,1025,-1,769,-1,1)\nglViewport(0,0,1024,768)"},
+        {OGL_PROJ_DESIGN, 1280, 1024, "glOrtho(-1,1025,-1,820.2,-1,1)\nglViewport(0,0,1280,1024)"},
+        {OGL_PROJ_DESIGN, 1600, 1024, "glOrtho(-89,1113,-1,769,-1,1)\nglViewport(0,0,1600,1024)"},
+        {OGL_PROJ_PERSPECTIVE, 1600, 1024, "glFrustum(-2,2,-1,1,2,100)\nglViewport(117,0,400,200)"}};
     for (const auto& r : rows) {
         disp_width = r.w, disp_height = r.h;
         design_space_fit();
@@ -119,7 +119,7 @@ TEST_F(Drawing, ShapesAddThePanelOriginAndChooseBlending) {
         {OGL_draw_line, 0.99f, 1.0f, GL_LINES, false, line}};
     for (const auto& r : rows) {
         gl.clear_log();
-        r.draw(66, r.alpha, 10, 20, r.mode == GL_LINES ? 40 : 30, r.mode == GL_LINES ? 60 : 40);
+        r.draw(COLOR_TEXT, r.alpha, 10, 20, r.mode == GL_LINES ? 40 : 30, r.mode == GL_LINES ? 60 : 40);
         ASSERT_EQ(gl.prims.size(), 1u);
         const GlPrim& p = gl.prims[0];
         EXPECT_TRUE(p.mode == r.mode && xy(p) == r.v && !p.tex2d[0] && !p.depth_mask) << p.mode << " " << r.alpha;
@@ -129,23 +129,24 @@ TEST_F(Drawing, ShapesAddThePanelOriginAndChooseBlending) {
 }
 
 TEST_F(Drawing, QuadsAndBackgroundTilesCarryTexCoordsAndBindTheirTextures) {
-    for (int i = 311; i <= 322; ++i) fake_loaded(i);
-    fake_loaded(300);
+    for (int i = TEX_BACKGROUND; i <= TEX_BACKGROUND_LAST; ++i) fake_loaded(i);
+    fake_loaded(TEX_SHEET);
     panel_x = 100, panel_y = 50;
-    OGL_draw_quad(300, 0, 1.0f, 0, 0, 0, 0.5f, 0, 16, 0, 0.53125f, 32, 16, 0.0625f, 0.53125f, 32, 0, 0.0625f, 0.5f,
-                  1, 6, 9);
-    OGL_draw_quad(0, 0, 1.0f, 0, 0, 0, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 0, 1, 0, 2, 7, 8);  // 0 keeps texture 300
+    OGL_draw_quad(TEX_SHEET, COLOR_WHITE, 1.0f, 0, 0, 0, 0.5f, 0, 16, 0, 0.53125f, 32, 16, 0.0625f, 0.53125f, 32, 0, 0.0625f, 0.5f,
+                  1, OGL_ALPHA_ON, OGL_BLEND_OFF);
+    OGL_draw_quad(0, COLOR_WHITE, 1.0f, 0, 0, 0, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 0, 1, 0, 2, OGL_ALPHA_OFF,
+                  OGL_BLEND_ON);  // 0 keeps the bound texture
     ASSERT_EQ(gl.prims.size(), 2u);
     const GlPrim &q = gl.prims[0], &q2 = gl.prims[1];
     EXPECT_EQ(xy(q), (std::vector<P>{{100, 50}, {100, 66}, {132, 66}, {132, 50}}));
     EXPECT_EQ(xy(q, true), (std::vector<P>{{0, 0.5f}, {0, 0.53125f}, {0.0625f, 0.53125f}, {0.0625f, 0.5f}}));
-    EXPECT_TRUE(q.tex[0] == 300 && q.tex2d[0] && !q.tex2d[1] && q.caps == std::set<GLenum>{GL_ALPHA_TEST});
-    EXPECT_TRUE(q2.tex[0] == 300 && q2.tex2d[1] && q2.caps == std::set<GLenum>{GL_BLEND});
+    EXPECT_TRUE(q.tex[0] == TEX_SHEET && q.tex2d[0] && !q.tex2d[1] && q.caps == std::set<GLenum>{GL_ALPHA_TEST});
+    EXPECT_TRUE(q2.tex[0] == TEX_SHEET && q2.tex2d[1] && q2.caps == std::set<GLenum>{GL_BLEND});
 
     gl.clear_log();
-    OGL_draw_background();  // the panel origin plays no part: tile 311 + 4 j + i at column i, row j
+    OGL_draw_background();  // the panel origin plays no part: tile TEX_BACKGROUND + 4 j + i at column i, row j
     std::map<GLuint, P> tiles, want;
-    for (int i = 0; i < 12; ++i) want[311 + i] = P(256 * (i % 4), 256 * (i / 4));
+    for (int i = 0; i < 12; ++i) want[TEX_BACKGROUND + i] = P(256 * (i % 4), 256 * (i / 4));
     for (const GlPrim& p : gl.prims) {
         const float l = p.v[0].x, b = p.v[0].y;
         tiles[p.tex[0]] = P(l, b);

@@ -10,10 +10,10 @@ using Textures = Gfx;
 
 TEST_F(Textures, BindCacheIsPerUnitAndLeavesTheFirstUnitActive) {
     fake_loaded(5);
-    fake_loaded(300);
+    fake_loaded(TEX_SHEET);
     const struct { int32_t units, index, unit, binds, selects; } steps[] = {
-        {1, 300, 1, 1, 0}, {1, 300, 1, 0, 0}, {2, 5, 2, 1, 2},  // unit 2 selected, then unit 1 again
-        {2, 5, 2, 0, 0},   {2, 300, 1, 0, 0}, {2, 5, 1, 1, 1}};
+        {1, TEX_SHEET, 1, 1, 0}, {1, TEX_SHEET, 1, 0, 0}, {2, 5, 2, 1, 2},  // unit 2 selected, then unit 1 again
+        {2, 5, 2, 0, 0},   {2, TEX_SHEET, 1, 0, 0}, {2, 5, 1, 1, 1}};
     for (const auto& s : steps) {
         gl_tex_units = s.units;
         gl.clear_log();
@@ -47,7 +47,7 @@ TEST_F(Textures, BadBindsAndUploadsEndTheProgram) {
     for (const auto& u : uploads)  // each check ends the program before the pixels are read
         EXPECT_EXIT(OGL_load_tex("pic", u.index, 0, GL_RGBA, u.w, u.h, px), testing::ExitedWithCode(0), u.text)
             << u.index << " " << u.w << "x" << u.h;
-    EXPECT_EXIT(OGL_mini_me("pic", 5000, -108, GL_RGBA, 4, 4, px), testing::ExitedWithCode(0),
+    EXPECT_EXIT(OGL_mini_me("pic", 5000, BMP_MAGENTA_CLEAR_MIP, GL_RGBA, 4, 4, px), testing::ExitedWithCode(0),
                 fatal_text("OGL_mini_me: Trying to bind too high a texture index!", "pic"));
 }
 
@@ -77,28 +77,28 @@ TEST_F(Textures, MipmapsHalveNonSquareTexturesToOneAndPickOrAverageByIndex) {
         {1, 1, {}}};
     for (const auto& r : rows) {
         gl.clear_log();
-        OGL_mini_me("m", 300, -108, GL_RGBA, r.w, r.h, OGL_pixbuf);
+        OGL_mini_me("m", TEX_SHEET, BMP_MAGENTA_CLEAR_MIP, GL_RGBA, r.w, r.h, OGL_pixbuf);
         std::vector<std::tuple<int, int, int>> got;  // level, width, height
         for (const GlUpload& u : gl.uploads) got.emplace_back(u.level, u.width, u.height);
         EXPECT_EQ(got, r.levels) << r.w << "x" << r.h;
     }
-    EXPECT_EQ(gl.tex_params[300][GL_TEXTURE_MIN_FILTER], GL_LINEAR_MIPMAP_LINEAR);
+    EXPECT_EQ(gl.tex_params[TEX_SHEET][GL_TEXTURE_MIN_FILTER], GL_LINEAR_MIPMAP_LINEAR);
 
-    // 4 x 2 RGBA texels, each texel's bytes all equal to its number 1..8: index 300 picks.
+    // 4 x 2 RGBA texels, each texel's bytes all equal to its number 1..8: the sheet picks.
     for (int t = 0; t < 8; ++t) memset(OGL_pixbuf + t * 4, t + 1, 4);
     uint64_t before = rand_count();
-    OGL_mini_me("r", 300, -106, GL_RGBA, 4, 2, OGL_pixbuf);
+    OGL_mini_me("r", TEX_SHEET, BMP_MAGENTA_CLEAR, GL_RGBA, 4, 2, OGL_pixbuf);
     EXPECT_EQ(rand_count() - before, 3u);  // 2 texels of level 1, 1 of level 2
-    const std::vector<uint8_t>& l1 = gl.upload(300, 1)->pixels;
+    const std::vector<uint8_t>& l1 = gl.upload(TEX_SHEET, 1)->pixels;
     EXPECT_THAT(l1, ElementsAre(testing::AnyOf(1, 2, 5, 6), l1[0], l1[0], l1[0],  // whole texels are copied
                                 testing::AnyOf(3, 4, 7, 8), l1[4], l1[4], l1[4]));
-    EXPECT_THAT((int)gl.upload(300, 2)->pixels[0], testing::AnyOf((int)l1[0], (int)l1[4]));
+    EXPECT_THAT((int)gl.upload(TEX_SHEET, 2)->pixels[0], testing::AnyOf((int)l1[0], (int)l1[4]));
 
     // Index 40 averages, rounding halves up: 0.75 -> 1, 10.25 -> 10.
     const uint8_t src[2][2][3] = {{{0, 10, 255}, {1, 10, 255}}, {{1, 10, 255}, {1, 11, 255}}};
     memcpy(OGL_pixbuf, src, sizeof src);
     before = rand_count();
-    OGL_mini_me("a", 40, -105, GL_RGB, 2, 2, OGL_pixbuf);
+    OGL_mini_me("a", 40, BMP_RGB_MIP, GL_RGB, 2, 2, OGL_pixbuf);
     EXPECT_EQ(rand_count(), before);
     EXPECT_THAT(gl.upload(40, 1)->pixels, ElementsAre(1, 10, 255));
 }
@@ -107,8 +107,8 @@ TEST_F(Textures, BleedGivesTransparentTexelsTheirNeighboursColour) {
     // 3 x 2 RGBA: the middle of the bottom row is transparent, with an opaque texel on each side.
     const uint8_t img[6][4] = {{10, 20, 30, 255}, {}, {21, 41, 61, 255}, {}, {}, {}};
     const struct { int32_t index, filter; bool bleeds; } rows[] = {
-        {300, -106, true},  {300, -109, true},  {250, -107, true},  {300, -104, false},
-        {301, -106, false}, {126, -106, false}, {251, -106, false}, {299, -108, false}};
+        {TEX_SHEET, BMP_MAGENTA_CLEAR, true},  {TEX_SHEET, BMP_GREY_ALPHA_MIP, true},  {250, BMP_GREY_ALPHA, true},  {TEX_SHEET, BMP_RGB, false},
+        {TEX_GLYPHS, BMP_MAGENTA_CLEAR, false}, {126, BMP_MAGENTA_CLEAR, false}, {251, BMP_MAGENTA_CLEAR, false}, {299, BMP_MAGENTA_CLEAR_MIP, false}};
     for (const auto& r : rows) {
         memcpy(OGL_pixbuf, img, sizeof img);
         OGL_bleed_alpha(r.index, r.filter, 3, 2, 4, 3);

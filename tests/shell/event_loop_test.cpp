@@ -38,7 +38,8 @@ class Loop : public testing::Test {
     void SetUp() override {
         gl_recorder_install();
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), event_loop_reset(), gl_caps_reset();
-        for (int32_t t : {300, 311, 312, 313, 314, 315, 316, 317, 318, 319, 320, 321, 322}) OGL_tex_bytes[t] = 1;
+        for (int32_t t = TEX_BACKGROUND; t <= TEX_BACKGROUND_LAST; ++t) OGL_tex_bytes[t] = 1;
+        OGL_tex_bytes[TEX_SHEET] = 1;
         plat_reset_messages();
         calls.clear();
         cur_screen = SCREEN_MAIN, open_menu = -1, language = quit_requested = draws = swaps = 0;
@@ -96,13 +97,14 @@ TEST_F(Loop, WhatEachPassDraws) {
     float t = ShellInput.elapsed_secs, a = 0.8f + 0.2f * sinf(10 * t), d = 0.6f + 0.4f * sinf(10 * t);
     EXPECT_NEAR(OGL_palette[54][1], a, 1e-5);
     EXPECT_NEAR(OGL_palette[59][2], 0.5f * d, 1e-5);
-    for (int32_t screen : {996, 997, 998, 999, 5}) cur_screen = screen, pass();
+    const int32_t screens[] = {SCREEN_ALERT, SCREEN_DIALOG, SCREEN_FILE_OPEN, SCREEN_FILE_SAVE, 5};
+    for (int32_t screen : screens) cur_screen = screen, pass();
     EXPECT_EQ(P(draws, swaps), P(2, 6));  // alert and dialog screens skip the application
     sw_cursor = 1;                         // the pointer sprite of the interface sheet, drawn last
     pass(PLAT_MSG_MOUSEMOVE, xy(100, 100));
     EXPECT_EQ(ShellInput.last_activity, ShellInput.elapsed_secs);  // a move is activity
     const GlPrim& p = gl_rec().prims.back();
-    EXPECT_EQ(p.tex[0], 300u);
+    EXPECT_EQ(p.tex[0], (GLuint)TEX_SHEET);
     EXPECT_EQ((std::pair(P(p.v[0].x, p.v[0].y), P(p.v[2].x, p.v[2].y))), (std::pair(P(93, 650), P(115, 672))));
 }
 
@@ -128,10 +130,10 @@ TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
     for (auto& r : rows)
         EXPECT_EQ(pass_interval_us(r.elapsed, r.last_message, r.animated), r.interval) << r.last_message;
     // A frame drawn with a pulsing colour is animated; one without is not.
-    app_set_hooks([] { OGL_set_color(57, 1.0f); }, nullptr, nullptr);
+    app_set_hooks([] { OGL_set_color(COLOR_PULSE_RED_FAST, 1.0f); }, nullptr, nullptr);
     pass(PLAT_MSG_PAINT);
     EXPECT_EQ(OGL_pulse_drawn, 1);
-    app_set_hooks([] { OGL_set_color(60, 1.0f); }, nullptr, nullptr);
+    app_set_hooks([] { OGL_set_color(COLOR_LIT, 1.0f); }, nullptr, nullptr);
     pass();
     EXPECT_EQ(OGL_pulse_drawn, 0);
     // A pending message ends an idle wait at once (a broken wake would sleep the full 20 s).
@@ -191,10 +193,11 @@ TEST_F(Keys, TypedTextFollowsTheKeys) {
         EXPECT_EQ(std::string(ShellInput.typed_text), r.text);
         EXPECT_EQ(ShellInput.enter_pressed, r.keys.back().first == PLAT_VK_RETURN);
     }
-    // The French 6 key gives "-": nothing typed, but app_key hears it; a dialog's keys (999) reach the
+    // The French 6 key gives "-": nothing typed, but app_key hears it; a dialog's keys reach the
     // text but not app_key.
     calls.clear(), language = 1;
-    for (auto [screen, vk] : {std::pair<int32_t, uint32_t>(SCREEN_MAIN, '6'), {999, 'K'}, {998, 'L'}})
+    for (auto [screen, vk] :
+         {std::pair<int32_t, uint32_t>(SCREEN_MAIN, '6'), {SCREEN_FILE_SAVE, 'K'}, {SCREEN_FILE_OPEN, 'L'}})
         cur_screen = screen, press(vk);
     EXPECT_EQ(std::string(ShellInput.typed_text), "6 Xkl");
     EXPECT_EQ(calls, (Calls{{0, '-'}, {0, 'l'}}));

@@ -50,7 +50,7 @@ inline std::vector<AptRow> parse_apt_text(const std::string& text) {
 // Scans an airport file into apt_table with the program's own reader.
 inline void scan_apt_file(std::string path) {
     apt_reset();
-    if (fio_open(path.data(), 0, 600, 1)) apt_scan(path.c_str()), fio_close();
+    if (fio_open(path.data(), FILE_TYPE_TEXT, 600, 1)) apt_scan(path.c_str()), fio_close();
 }
 
 // What the weather reader must make of a report's well-formed groups, decoded without the reader.

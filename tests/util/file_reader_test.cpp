@@ -35,7 +35,7 @@ using FileReaderDeathTest = FileReader;
 TEST_F(FileReader, TextFilesOnEveryLineEnd) {
     for (S e : {"\n", "\r\n", "\r"}) {
         ASSERT_EQ(open("I" + e + "600 a note  " + e + " 1 5355.5 KABQ Albuquerque Intl" + e + "ABCDEFG X" + e +
-                           "   two words  " + e + "26R" + e + "last", 0, 600), 1);
+                           "   two words  " + e + "26R" + e + "last", FILE_TYPE_TEXT, 600), 1);
         EXPECT_EQ(fio_eol, e == "\r" ? '\r' : '\n');
         EXPECT_STREQ(fio_line_buf, "a note  ");
         EXPECT_EQ(fio_read_int("code"), 1);
@@ -49,32 +49,34 @@ TEST_F(FileReader, TextFilesOnEveryLineEnd) {
 
 TEST_F(FileReader, OpenFailsQuietly) {
     // Empty files, a wrong marker or version (warn 0; binary ones in the aircraft tests), cut headers.
-    for (auto [bytes, type, version] : {std::tuple<S, int, int>{"", 0, 0}, {"", 20, 0}, {"X\n600\n", 0, 600},
-                                        {"I\n601\n", 0, 600}, {"I", 0, 0}, {"I\n", 0, 600}, {"I\n \n", 0, 600},
-                                        {S("a\0\0", 3), 3, 600}})
+    const int32_t T = FILE_TYPE_TEXT;
+    for (auto [bytes, type, version] :
+         {std::tuple<S, int, int>{"", T, 0}, {"", FILE_TYPE_PREFS, 0}, {"X\n600\n", T, 600}, {"I\n601\n", T, 600},
+          {"I", T, 0}, {"I\n", T, 600}, {"I\n \n", T, 600}, {S("a\0\0", 3), FILE_TYPE_AIRCRAFT, 600}})
         EXPECT_EQ(open(bytes, type, version), 0) << bytes;
     char missing[] = "C:nonexistent:folder:file";  // every ":" from index 2 on becomes "/"
-    EXPECT_EQ(fio_open(missing, 0, 0, 0), 0);
+    EXPECT_EQ(fio_open(missing, FILE_TYPE_TEXT, 0, 0), 0);
     EXPECT_STREQ(missing, "C:nonexistent/folder/file");
-    ASSERT_EQ(open("IXab\rcdXef gh", 0, 0), 1);  // the character after the marker is the line end
+    ASSERT_EQ(open("IXab\rcdXef gh", FILE_TYPE_TEXT, 0), 1);  // the character after the marker is the line end
     EXPECT_EQ(fio_eol, 'X');
     EXPECT_EQ((Strings{line(40), line(40), word(5)}), (Strings{"ab", "cd", "ef"}));  // a CR always ends a line
 }
 
 // Raw byte reads, fio_swap4 and the fio_swap flag on their own are checked by the aircraft tests.
 TEST_F(FileReader, BinaryByteOrders) {
-    ASSERT_EQ(open(S("a\0\0\x02\x58\x3f\x80\0\0\xff\xff\xff\xfe", 13), 3, 600), 1);
+    ASSERT_EQ(open(S("a\0\0\x02\x58\x3f\x80\0\0\xff\xff\xff\xfe", 13), FILE_TYPE_AIRCRAFT, 600), 1);
     EXPECT_EQ((std::pair{fio_read_flt("f"), fio_read_int("i")}), std::pair(1.0f, -2));  // braces: in order
-    ASSERT_EQ(open(S("i\x58\x02\0\0\0\0\x80\x3f\x01\x02\x03", 12), 20, 600), 1);
+    ASSERT_EQ(open(S("i\x58\x02\0\0\0\0\x80\x3f\x01\x02\x03", 12), FILE_TYPE_PREFS, 600), 1);
     EXPECT_EQ(fio_read_flt("f"), 1.0f);
     unsigned char raw[4];
     fio_read_bytes(raw, 4);  // past the end: the stream fails
     EXPECT_FALSE(fs_good(fio_stream()));
-    EXPECT_EQ(open("i", 20, 0), 1);  // no version asked
+    EXPECT_EQ(open("i", FILE_TYPE_PREFS, 0), 1);  // no version asked
 }
 
 TEST_F(FileReader, NumbersAsAStreamReadsThem) {
-    ASSERT_EQ(open("I\n-12 +7 1.5e3 -.25 2147483647 -2147483648 000000000000000000000042\n 0 8x 99", 0, 0), 1);
+    ASSERT_EQ(open("I\n-12 +7 1.5e3 -.25 2147483647 -2147483648 000000000000000000000042\n 0 8x 99", FILE_TYPE_TEXT,
+                   0), 1);
     auto i = [] { return (double)fio_read_int("i"); };
     EXPECT_EQ((std::vector<double>{i(), i(), fio_read_flt("f"), fio_read_flt("f"), i(), i(), i()}),
               (std::vector<double>{-12, 7, 1500, -0.25, 2147483647, -2147483648.0, 42}));
@@ -82,7 +84,7 @@ TEST_F(FileReader, NumbersAsAStreamReadsThem) {
     EXPECT_EQ(fio_read_int("i"), 99);  // a number that ends the data: end of data, not failed
     EXPECT_EQ(fio_stream()->state, FS_EOF);
     for (size_t pad : {FS_BLOCK - 3, FS_BLOCK - 2, FS_BLOCK - 1, FS_BLOCK}) {  // across the reader's blocks
-        ASSERT_EQ(open("I\n" + S(pad - 2, ' ') + "-1234.5e-1 \r\n42", 0, 0), 1);
+        ASSERT_EQ(open("I\n" + S(pad - 2, ' ') + "-1234.5e-1 \r\n42", FILE_TYPE_TEXT, 0), 1);
         EXPECT_EQ(fio_read_flt("x"), -123.45f) << pad;
         EXPECT_EQ(fio_read_int("y"), 42) << pad;
     }
@@ -105,7 +107,7 @@ TEST_F(FileReader, FloatsMatchTheStandardConversion) {
     }
     // The second's double lies on a midpoint of floats; the last two have long exponents.
     tokens.insert(tokens.end(), {"1e-45", "3023785331e16", "1e000000000001", "-2.5e-0000000000001"});
-    ASSERT_EQ(open(text + "1e-45 3023785331e16 1e000000000001 -2.5e-0000000000001 4e38", 0, 0), 1);
+    ASSERT_EQ(open(text + "1e-45 3023785331e16 1e000000000001 -2.5e-0000000000001 4e38", FILE_TYPE_TEXT, 0), 1);
     for (auto& t : tokens) ASSERT_EQ(fio_read_flt("x"), strtof(t.c_str(), nullptr)) << t;
     float f;
     EXPECT_FALSE(fs_read_float(fio_stream(), &f));
@@ -117,26 +119,26 @@ TEST_F(FileReaderDeathTest, ScanFailuresWrongVersionsAndBadSlotAreFatal) {
     // an exponent without digits, a lone sign, a number past 32 bits.
     for (auto [body, flt] : {std::pair<S, bool>{"1.5 2", 0}, {"12 KSFO", 0}, {"12", 0}, {"12\n", 1}, {"7e 5", 1},
                              {"- 5", 0}, {"99999999999 5", 0}, {"-3.5e7777777777", 1}}) {
-        ASSERT_EQ(open("I\n" + body, 0, 0), 1);
+        ASSERT_EQ(open("I\n" + body, FILE_TYPE_TEXT, 0), 1);
         auto read = [flt] { flt ? (void)fio_read_flt("scan rwy rwy_lat") : (void)fio_read_int("scan rwy rwy_lat"); };
         EXPECT_EXIT((read(), read()), ExitedWithCode(0),
                     HasSubstr(test_alert_text("File-scanning error!", "", "file:", "scan rwy rwy_lat"))) << body;
     }
     S next = dir + "f" + std::to_string(n + 1);  // the file each death test below opens
     // A version line that does not begin with a number: the path is the label.
-    EXPECT_EXIT(open("I\nabc\n", 0, 600), ExitedWithCode(0),
+    EXPECT_EXIT(open("I\nabc\n", FILE_TYPE_TEXT, 600), ExitedWithCode(0),
                 HasSubstr(test_alert_text("File-scanning error!", "", "file:", next)));
-    EXPECT_EXIT(open("I\n601 x\n", 0, 600, 1), ExitedWithCode(0),
+    EXPECT_EXIT(open("I\n601 x\n", FILE_TYPE_TEXT, 600, 1), ExitedWithCode(0),
                 HasSubstr(test_alert_text(
                     "The following file is the wrong version for this version of Zephyra:", next,
                     "Throw that file away. You should only use the files that came with the program.",
                     "You may have to re-install Zephyra from the CD.")));
-    EXPECT_EXIT(open(S("i\x01\x00\x00\x00", 5), 3, 600, 1), ExitedWithCode(0),
+    EXPECT_EXIT(open(S("i\x01\x00\x00\x00", 5), FILE_TYPE_AIRCRAFT, 600, 1), ExitedWithCode(0),
                 HasSubstr(test_alert_text(
                     "The following file is the wrong version aircraft for this version of Zephyra:", next,
                     "You MAY be able to get the aircraft up to date by opening it and re-saving it in Hullwright.",
                     "Hullwright can open some older format aircraft and then, when you save them, saves them in the "
                     "newest format, which Zephyra always needs.")));
-    EXPECT_EXIT((fio_cur_slot = 2, open("I\n", 0, 0)), ExitedWithCode(0),
+    EXPECT_EXIT((fio_cur_slot = 2, open("I\n", FILE_TYPE_TEXT, 0)), ExitedWithCode(0),
                 HasSubstr(test_alert_text("Bad file-use index!", "", "", "")));
 }

@@ -71,16 +71,16 @@ class Prefs : public testing::Test {
 
 TEST_F(Prefs, SaveWritesTheHeaderOfEachKindOrAlerts) {
     mkdir((dir + "Sub").c_str(), 0755);
-    ASSERT_EQ(save("Sub:PREFS.PRF", 20, 3), dir + "Sub/PREFS.prf");
+    ASSERT_EQ(save("Sub:PREFS.PRF", FILE_TYPE_PREFS, 3), dir + "Sub/PREFS.prf");
     out_close(&fio_out);
     EXPECT_EQ(test_read_file(dir + "Sub/PREFS.prf"), std::string("i\x03\0\0\0", 5));
-    ASSERT_EQ(save("data.TXT", 0, 600), dir + "data.txt");
+    ASSERT_EQ(save("data.TXT", FILE_TYPE_TEXT, 600), dir + "data.txt");
     out_text(&fio_out, "1.5 x\n");
     out_float(&fio_out, 2.5f);
     out_close(&fio_out);
     EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(shown, "");
-    EXPECT_EQ(save("no such folder:x.prf", 20, 3), "not saved");
+    EXPECT_EQ(save("no such folder:x.prf", FILE_TYPE_PREFS, 3), "not saved");
     EXPECT_EQ(shown, "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
                      "READ-ONLY by the operating system? (Windows machines typically do this).|" + dir +
                      "no such folder/x.prf|Could the file be flagged as read-only? This happens in Windows if you copy "
