@@ -46,15 +46,15 @@ void faces() {
     for (int32_t face : sheet_faces) {
         char name[8];
         snprintf(name, sizeof name, "%d", face);
-        OGL_draw_string(PAL_WHITE, 20, y, name, FONT_NO_WRAP, FACE_LABEL);
-        OGL_draw_string(face == FACE_FIELD || face == FACE_TIP ? PAL_GREEN : PAL_WHITE, 60, y, all, FONT_NO_WRAP, face);
+        OGL_draw_string(COLOR_WHITE, 20, y, name, FONT_NO_WRAP, FACE_LABEL);
+        OGL_draw_string(face == FACE_FIELD || face == FACE_TIP ? COLOR_TEXT : COLOR_WHITE, 60, y, all, FONT_NO_WRAP, face);
         y -= 16;
     }
-    if (OGL_tex_bytes[OGL_TEX_KOREAN]) {  // the two-byte face: its first glyphs, pair by pair
+    if (OGL_tex_bytes[TEX_GLYPHS]) {  // the two-byte face: its first glyphs, pair by pair
         char pairs[2 * 60 + 1] = {};
         for (int g = 0; g < 60; ++g) pairs[2 * g] = (char)(1 + g / 127), pairs[2 * g + 1] = (char)(1 + g % 127);
-        OGL_draw_string(PAL_WHITE, 20, y, "102", FONT_NO_WRAP, FACE_LABEL);
-        OGL_draw_string(PAL_WHITE, 60, y, pairs, FONT_NO_WRAP, FACE_KOREAN);
+        OGL_draw_string(COLOR_WHITE, 20, y, "102", FONT_NO_WRAP, FACE_LABEL);
+        OGL_draw_string(COLOR_WHITE, 60, y, pairs, FONT_NO_WRAP, FACE_KOREAN);
     }
 }
 
@@ -77,7 +77,7 @@ void panels() {
     for (int32_t style = 0; style < PANEL_STYLES; ++style) {
         const float x = 520 + (float)(style % 4) * 124, y = style < 4 ? 440 : 320;
         BTN_util_draw_panel(style, x, y, 110, 90, titles[style]);
-        if (style == PANEL_TIP) OGL_draw_string(PAL_GREEN, x + 8, y + 60, "translucent tooltip box", 90, FACE_TIP);
+        if (style == PANEL_TIP) OGL_draw_string(COLOR_TEXT, x + 8, y + 60, "translucent tooltip box", 90, FACE_TIP);
     }
     // Knobs of a window-sized panel, lit; style 1 above drew the screen's own, unlit.
     panel_x = 892, panel_y = 320, panel_w = 110, panel_h = 90;
@@ -97,8 +97,8 @@ void numbers_lamps_labels() {
         {1234567, 7, 0, 0, FACE_DIGIT_BOX, "1234567 in 7"}};
     float y = 245;
     for (const auto& r : rows) {
-        OGL_draw_number(PAL_GREEN, 560, y, r.value, r.digits, r.decimals, r.sign, r.face);
-        OGL_draw_string(PAL_WHITE, 700, y, r.what, FONT_NO_WRAP, FACE_LABEL);
+        OGL_draw_number(COLOR_TEXT, 560, y, r.value, r.digits, r.decimals, r.sign, r.face);
+        OGL_draw_string(COLOR_WHITE, 700, y, r.what, FONT_NO_WRAP, FACE_LABEL);
         y -= 18;
     }
     BTN_util_draw_label(640, 130, LABEL_RIGHT, "Cruise altitude");
@@ -108,8 +108,8 @@ void numbers_lamps_labels() {
 
 void paragraph_box() {
     BTN_util_draw_panel(PANEL_INNER, 20, 60, 470, 320, "Briefing, wrapped at 440");
-    OGL_draw_string(PAL_GREEN, 30, 345, paragraph(), 440, FACE_FIELD);
-    OGL_draw_string(PAL_WHITE, 30, 150, "Line feeds:\nsecond line\n\nafter an empty one", 440, FACE_FIELD);
+    OGL_draw_string(COLOR_TEXT, 30, 345, paragraph(), 440, FACE_FIELD);
+    OGL_draw_string(COLOR_WHITE, 30, 150, "Line feeds:\nsecond line\n\nafter an empty one", 440, FACE_FIELD);
 }
 
 bool write_ppm(const char* path) {
@@ -142,13 +142,13 @@ int main(int argc, char** argv) {
     }
     MACIBM_gl_checks();
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
-    if (!load("general_interface.bmp", OGL_TEX_SHEET)) {
+    if (!load("general_interface.bmp", TEX_SHEET)) {
         fprintf(stderr, "vocalog-gallery: no general_interface bitmap under %sResources/bitmaps/\n", folder.c_str());
         MACIBM_shutdown();
         return 1;
     }
     const std::string korean = std::string(folders.path[FOLDER_MENUS]) + "korean:menu_text.bmp";
-    load(korean.c_str(), OGL_TEX_KOREAN);
+    load(korean.c_str(), TEX_GLYPHS);
 
     qglClearColor(0, 0, 0, 1);
     qglClear(GL_COLOR_BUFFER_BIT);

@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
     MACIBM_gl_checks();
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     int32_t w = 0, h = 0;
-    if (!OGL_texbmp(BMP_TEXTURE, OGL_TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface.bmp", &w, &h)) {
+    if (!OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface.bmp", &w, &h)) {
         fprintf(stderr, "vocalog-menu-shot: no interface sheet in %s (build the art first)\n",
                 folders.path[FOLDER_BITMAPS]);
         MACIBM_shutdown();
@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     if (language_is_korean()) {  // the generated glyph sheet, named as it is on disk
         Text sheet;
         str_join(folders.path[FOLDER_MENUS], "korean:menu_text.bmp", sheet);
-        OGL_texbmp(BMP_TEXTURE, OGL_TEX_KOREAN, BMP_MAGENTA_CLEAR, sheet, &w, &h);
+        OGL_texbmp(BMP_TEXTURE, TEX_GLYPHS, BMP_MAGENTA_CLEAR, sheet, &w, &h);
     }
 
     cur_screen = SCREEN_MAIN;
@@ -78,7 +78,7 @@ int main(int argc, char** argv) {
     qglClear(GL_COLOR_BUFFER_BIT);
     BTN_util_draw_panel(PANEL_SCREEN, 0, 0, DESIGN_W, DESIGN_H - 18.0f, "");
     MACIBM_draw_menus();
-    BTN_util_draw_sprite(SHEET_POINTER, px - 7.0f, py - 18.0f, PAL_LIT);  // the tip at the pointer
+    BTN_util_draw_sprite(SHEET_POINTER, px - 7.0f, py - 18.0f, COLOR_LIT);  // the tip at the pointer
 
     std::vector<uint8_t> rgb((size_t)SHOT_W * SHOT_H * 3);
     qglReadBuffer(GL_BACK);

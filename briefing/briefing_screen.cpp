@@ -52,7 +52,7 @@ static void draw_paragraphs() {
         const char* text;
         float y;
     } rows[] = {{q.intro, 315.0f}, {q.dep_wx, 225.0f}, {q.enroute_wx, 185.0f}, {q.dest_wx, 145.0f}};
-    for (const auto& r : rows) OGL_draw_string(PAL_GREEN, 48.0f, r.y, r.text, 640.0f, FACE_FIELD);
+    for (const auto& r : rows) OGL_draw_string(COLOR_TEXT, 48.0f, r.y, r.text, 640.0f, FACE_FIELD);
 }
 
 void brief_draw_screen() {
@@ -69,7 +69,7 @@ void brief_draw_screen() {
         acf_read(0, q.aircraft_path);
         q.speed = speed_from_aircraft();
     }
-    BTN_number_field(PAL_GREEN, 485.0f, 680.0f, &q.altitude, 5, 0, 0, text_table[TEXT_ALTITUDE],
+    BTN_number_field(COLOR_TEXT, 485.0f, 680.0f, &q.altitude, 5, 0, 0, text_table[TEXT_ALTITUDE],
                      ALTITUDE_HELP);
     if (BTN_push_button(691.0f, 684.0f, 0, 1, text_table[TEXT_BRIEF_BUTTON])) brief_compose();
     draw_paragraphs();

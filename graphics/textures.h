@@ -11,7 +11,8 @@ enum : int32_t {
     TEX_SHEET = 300,           // the interface sheet "general_interface", addressed as 512 x 512 texels
     TEX_GLYPHS = 301,          // the two-byte glyph sheet of the Korean menus
     TEX_FONT_SHEET = 302,      // the suite's font sheet
-    TEX_SHEET_EXTRA = 303,     // the suite's further sheet; the three sheets are drawn texel for texel
+    TEX_SHEET_EXTRA = 303,
+    TEX_DIGITS = 304,          // the suite's digits sheet (faces 117, 118); not loaded here     // the suite's further sheet; the three sheets are drawn texel for texel
     TEX_BACKGROUND = 311,      // the twelve 256 x 256 background tiles, 311 + 4 row + column,
     TEX_BACKGROUND_LAST = 322, // row 0 at the bottom
 };

@@ -33,14 +33,14 @@ struct PanelLook {
     int32_t face, color;
 };
 constexpr PanelLook PANEL_LOOK[PANEL_STYLES] = {
-    {TITLE_CENTRED, false, false, FACE_LABEL, PAL_WHITE},  {TITLE_CENTRED, false, false, FACE_LABEL, PAL_WHITE},
-    {TITLE_INSET_X, true, false, FACE_LABEL, PAL_WHITE},   {TITLE_CENTRED, true, false, FACE_LABEL, PAL_WHITE},
-    {TITLE_INSET_X, false, false, FACE_LABEL, PAL_WHITE},  {TITLE_INSET_X, true, false, FACE_TIP, PAL_GREEN},
-    {TITLE_AT_ZERO, false, true, FACE_LABEL, PAL_WHITE},
+    {TITLE_CENTRED, false, false, FACE_LABEL, COLOR_WHITE},  {TITLE_CENTRED, false, false, FACE_LABEL, COLOR_WHITE},
+    {TITLE_INSET_X, true, false, FACE_LABEL, COLOR_WHITE},   {TITLE_CENTRED, true, false, FACE_LABEL, COLOR_WHITE},
+    {TITLE_INSET_X, false, false, FACE_LABEL, COLOR_WHITE},  {TITLE_INSET_X, true, false, FACE_TIP, COLOR_TEXT},
+    {TITLE_AT_ZERO, false, true, FACE_LABEL, COLOR_WHITE},
 };
 // A style outside the table: a plain 128 x 128 block at the sheet's origin, edges of 30.
 constexpr SheetBlock PANEL_FALLBACK = {0, 0, 128, 128, 30, 30, 30, 30, "panel fallback"};
-constexpr PanelLook LOOK_FALLBACK = {TITLE_AT_ZERO, false, false, FACE_LABEL, PAL_WHITE};
+constexpr PanelLook LOOK_FALLBACK = {TITLE_AT_ZERO, false, false, FACE_LABEL, COLOR_WHITE};
 
 // One span of a stretched strip: units [p0, p1] from its start, texels [s0, s1] of the block.
 struct Span {
@@ -74,7 +74,7 @@ int32_t text_length(const char* s) { return s ? (int32_t)strlen(s) : 0; }
 void BTN_util_draw_piece(float x0, float y0, float x1, float y1, float u0, float v0, float u1, float v1,
                          int32_t color, float alpha, int32_t blend) {
     const float s0 = u0 / SHEET_F, t0 = v0 / SHEET_F, s1 = u1 / SHEET_F, t1 = v1 / SHEET_F;
-    OGL_draw_quad(OGL_TEX_SHEET, color, alpha, x0, y0, s0, t0, x0, y1, s0, t1, x1, y1, s1, t1, x1, y0, s1, t0, 1,
+    OGL_draw_quad(TEX_SHEET, color, alpha, x0, y0, s0, t0, x0, y1, s0, t1, x1, y1, s1, t1, x1, y0, s1, t0, 1,
                   OGL_ALPHA_ON, blend ? OGL_BLEND_ON : OGL_BLEND_OFF);
 }
 
@@ -124,23 +124,23 @@ void BTN_util_draw_label(float x, float y, int32_t align, const char* text) {
     for (int32_t k = 0; k < 2; ++k) {
         if (!lines[k][0]) continue;
         const float lx = align == LABEL_RIGHT ? x - adv * (float)text_length(lines[k]) : x;
-        OGL_draw_string(PAL_WHITE, lx, y - LABEL_LINE_GAP * (float)k, lines[k], FONT_NO_WRAP, FACE_LABEL);
+        OGL_draw_string(COLOR_WHITE, lx, y - LABEL_LINE_GAP * (float)k, lines[k], FONT_NO_WRAP, FACE_LABEL);
     }
 }
 
 void BTN_util_draw_lamp(float x, float y, float u, float v, int32_t lit) {
     const float h = HALF_LAMP;
-    BTN_util_draw_piece(x - h, y - h, x + h, y + h, u - h, v - h, u + h, v + h, PAL_WHITE, 1.0f, 0);
+    BTN_util_draw_piece(x - h, y - h, x + h, y + h, u - h, v - h, u + h, v + h, COLOR_WHITE, 1.0f, 0);
     if (lit)
         BTN_util_draw_piece(x - h, y - h, x + h, y + h, u - h, v - h + LAMP_LIT_UP, u + h, v + h + LAMP_LIT_UP,
-                            PAL_LIT, 1.0f, 0);
+                            COLOR_LIT, 1.0f, 0);
 }
 
 // Left cap, as many middle repeats as reach the right cap (the last one cut), right cap on top.
 void BTN_util_draw_bar(int32_t kind, float x, float y, float width) {
     if (kind < 0 || kind >= BAR_KINDS) return;  // no strip on the sheet: nothing to draw
     const SheetBlock& b = BTN_sheet[SHEET_BAR0 + kind];
-    const int32_t color = kind == BAR_BUTTON_LIT ? PAL_LIT : PAL_WHITE;
+    const int32_t color = kind == BAR_BUTTON_LIT ? COLOR_LIT : COLOR_WHITE;
     const float w = (float)(ogl_round(width / 2.0f) * 2), e = b.left, bw = b.w, bh = b.h;
     const int32_t n = middle_count(w, e, e, bw - 2.0f * e);
     const float left = x - w / 2.0f, bottom = y - bh / 2.0f;
@@ -171,7 +171,7 @@ void BTN_util_draw_panel(int32_t style, float x, float y, float width, float hei
         for (int32_t j = -1; j <= ny + 1; ++j) {
             const Span r = strip_span(j, ny + 1, height, b.h, bot, top, mid_h);
             BTN_util_draw_piece(x + c.p0, y + r.p0, x + c.p1, y + r.p1, b.x + c.s0, b.y + r.s0, b.x + c.s1,
-                                b.y + r.s1, PAL_WHITE, alpha, look.translucent);
+                                b.y + r.s1, COLOR_WHITE, alpha, look.translucent);
         }
     }
     if (title && title[0])
@@ -183,5 +183,5 @@ void BTN_util_draw_corner_knobs(int32_t lit) {
     const SheetBlock& b = BTN_sheet[lit ? SHEET_KNOB_LIT : SHEET_KNOB];
     const float cy = panel_h - KNOB_DROP, h = HALF_LAMP;
     for (float cx : {KNOB_INSET, panel_w - KNOB_INSET})
-        BTN_util_draw_piece(cx - h, cy - h, cx + h, cy + h, b.x, b.y, b.x + b.w, b.y + b.h, PAL_WHITE, 1.0f, 0);
+        BTN_util_draw_piece(cx - h, cy - h, cx + h, cy + h, b.x, b.y, b.x + b.w, b.y + b.h, COLOR_WHITE, 1.0f, 0);
 }

@@ -8,8 +8,8 @@ int32_t BTN_check_button(float x, float y, int32_t* state, const char* label, co
     str_check(help);
     Text left, right;
     BTN_util_split_label(label, left, right);
-    BTN_util_draw_sprite(SHEET_CHECK, x - 11.0f, y - 7.0f, PAL_WHITE);
-    if (*state) BTN_util_draw_sprite(SHEET_CHECK_TICK, x - 11.0f, y - 7.0f, PAL_LIT);
+    BTN_util_draw_sprite(SHEET_CHECK, x - 11.0f, y - 7.0f, COLOR_WHITE);
+    if (*state) BTN_util_draw_sprite(SHEET_CHECK_TICK, x - 11.0f, y - 7.0f, COLOR_LIT);
     BTN_util_draw_label(x - 12.0f, y, LABEL_RIGHT, left);
     BTN_util_draw_label(x + 12.0f, y, LABEL_LEFT, right);
     if (!BTN_pointer_in(x - 8.0f, x + 8.0f, y - 4.0f, y + 12.0f)) return 0;

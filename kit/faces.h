@@ -2,11 +2,9 @@
 #pragma once
 #include <cstdint>
 
+#include "graphics/textures.h"  // the sheets the faces are cut from
+
 // Textures that faces are cut from. Only the first two are ever loaded by this program.
-constexpr int32_t OGL_TEX_SHEET = 300;    // the interface sheet "general_interface"
-constexpr int32_t OGL_TEX_KOREAN = 301;   // the two-byte glyph sheet "Korean:menu_text"
-constexpr int32_t OGL_TEX_SHEET_B = 302;  // a second interface sheet (never loaded)
-constexpr int32_t OGL_TEX_DIGITS = 304;   // a digits sheet (never loaded)
 constexpr int32_t SHEET_TEXELS = 512;     // every font sheet is addressed as 512 x 512 texels
 
 enum FaceId : int32_t {
@@ -68,26 +66,26 @@ struct FaceInfo {
 
 // Indexed by face - FACE_FIRST.
 inline constexpr FaceInfo BTN_faces[FACE_COUNT] = {
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 0, 175, 6, 11, 21, 0, 6},              // 100
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 0, 175, 6, 11, 21, 0, 7},              // 101
-    {LAYOUT_TWO_BYTE, OGL_TEX_KOREAN, 0, 0, 13, 13, 40, 0, 14},         // 102
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 0, 175, 6, 11, 21, 0, 6},              // 103
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 134, 289, 6, 11, 21, 0, 6},            // 104
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 134, 289, 6, 11, 21, 0, 10},           // 105
-    {LAYOUT_TEXT, OGL_TEX_SHEET, 265, 289, 6, 11, 21, 0, 6},            // 106
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 1, 450, 6, 11, 21, 0, 6},            // 107
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 1, 387, 6, 11, 21, 0, 6},            // 108
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 1, 324, 6, 11, 21, 0, 6},            // 109
-    {LAYOUT_CLOCK, OGL_TEX_SHEET_B, 1, 178, 6, 11, 21, 0, 10},          // 110
-    {LAYOUT_CLOCK, OGL_TEX_SHEET_B, 1, 158, 6, 11, 21, 0, 10},          // 111
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 1, 261, 6, 11, 21, 0, 10},           // 112
-    {LAYOUT_CLOCK, OGL_TEX_SHEET_B, 1, 178, 6, 11, 21, 0, 6},           // 113
-    {LAYOUT_CLOCK, OGL_TEX_SHEET_B, 1, 158, 6, 11, 21, 0, 6},           // 114
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 1, 261, 6, 11, 21, 0, 6},            // 115
-    {LAYOUT_TEMPERATURE, OGL_TEX_SHEET_B, 1, 138, 6, 11, 21, 0, 6},     // 116
-    {LAYOUT_DIGITS, OGL_TEX_DIGITS, 25.5f, 148, 6, 11, 21, -1, 6},      // 117
-    {LAYOUT_DIGITS, OGL_TEX_DIGITS, 25.5f, 130, 6, 11, 21, 1, 6},       // 118
-    {LAYOUT_TEXT, OGL_TEX_SHEET_B, 0, 0, 12, 22, 21, 0, 12},            // 119
+    {LAYOUT_TEXT, TEX_SHEET, 0, 175, 6, 11, 21, 0, 6},              // 100
+    {LAYOUT_TEXT, TEX_SHEET, 0, 175, 6, 11, 21, 0, 7},              // 101
+    {LAYOUT_TWO_BYTE, TEX_GLYPHS, 0, 0, 13, 13, 40, 0, 14},         // 102
+    {LAYOUT_TEXT, TEX_SHEET, 0, 175, 6, 11, 21, 0, 6},              // 103
+    {LAYOUT_TEXT, TEX_SHEET, 134, 289, 6, 11, 21, 0, 6},            // 104
+    {LAYOUT_TEXT, TEX_SHEET, 134, 289, 6, 11, 21, 0, 10},           // 105
+    {LAYOUT_TEXT, TEX_SHEET, 265, 289, 6, 11, 21, 0, 6},            // 106
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 1, 450, 6, 11, 21, 0, 6},            // 107
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 1, 387, 6, 11, 21, 0, 6},            // 108
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 1, 324, 6, 11, 21, 0, 6},            // 109
+    {LAYOUT_CLOCK, TEX_FONT_SHEET, 1, 178, 6, 11, 21, 0, 10},          // 110
+    {LAYOUT_CLOCK, TEX_FONT_SHEET, 1, 158, 6, 11, 21, 0, 10},          // 111
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 1, 261, 6, 11, 21, 0, 10},           // 112
+    {LAYOUT_CLOCK, TEX_FONT_SHEET, 1, 178, 6, 11, 21, 0, 6},           // 113
+    {LAYOUT_CLOCK, TEX_FONT_SHEET, 1, 158, 6, 11, 21, 0, 6},           // 114
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 1, 261, 6, 11, 21, 0, 6},            // 115
+    {LAYOUT_TEMPERATURE, TEX_FONT_SHEET, 1, 138, 6, 11, 21, 0, 6},     // 116
+    {LAYOUT_DIGITS, TEX_DIGITS, 25.5f, 148, 6, 11, 21, -1, 6},      // 117
+    {LAYOUT_DIGITS, TEX_DIGITS, 25.5f, 130, 6, 11, 21, 1, 6},       // 118
+    {LAYOUT_TEXT, TEX_FONT_SHEET, 0, 0, 12, 22, 21, 0, 12},            // 119
 };
 
 // The face's entry, or nullptr for a code outside 100..119 (such a face draws nothing).

@@ -85,10 +85,10 @@ static int32_t search_fields(float x, float y, const char* names, int32_t* index
         }
     }
     const float tx = x + 8.0f + (*field == SEARCH_CODE ? 234.0f : 0.0f);
-    OGL_draw_string(PAL_GREEN, tx, y - 150.0f, search, FONT_NO_WRAP, FACE_FIELD);
+    OGL_draw_string(COLOR_TEXT, tx, y - 150.0f, search, FONT_NO_WRAP, FACE_FIELD);
     const float cx = tx + (float)(OGL_face_advance(FACE_FIELD) * (int32_t)strlen(search));
     const float alpha = 0.5f + 0.4f * sinf(10.0f * ShellInput.elapsed_secs);
-    OGL_draw_line(PAL_GREEN, alpha, cx, y - 144.0f, cx, y - 151.0f);
+    OGL_draw_line(COLOR_TEXT, alpha, cx, y - 144.0f, cx, y - 151.0f);
     OGL_mark_pulse(OGL_SMALL_PULSE);  // the cursor keeps pulsing while nothing else happens
     return result;
 }
@@ -100,7 +100,7 @@ static int32_t draw_row(float x, float line_y, const char* name, const char* tag
     memcpy(n, name, strnlen(name, LIST_NAME_SIZE - 1));
     memcpy(t, tag, strnlen(tag, LIST_TAG_SIZE - 1));
     const bool folder = strncmp(t, "fold", 4) == 0, file = strncmp(t, "file", 4) == 0;
-    const int32_t color = folder ? PAL_YELLOW : PAL_GREEN;
+    const int32_t color = folder ? COLOR_FOLDER : COLOR_TEXT;
     OGL_draw_string(color, x + 8.0f, line_y, n, FONT_NO_WRAP, FACE_FIELD);
     if (!folder && !file) OGL_draw_string(color, x + 242.0f, line_y, t, FONT_NO_WRAP, FACE_FIELD);
     return color;
@@ -110,7 +110,7 @@ int32_t BTN_list_picker(float x, float y, const char* names, const char* tags, i
                         int32_t last, int32_t mode, char* search, int32_t* search_field) {
     const SheetBlock& box = BTN_sheet[SHEET_LIST_BOX];
     BTN_util_draw_piece(x - 16.0f, y - 132.0f, x + 288.0f, y + 132.0f, box.x, box.y, box.x + box.w, box.y + box.h,
-                        PAL_WHITE, 1.0f, 0);
+                        COLOR_WHITE, 1.0f, 0);
     if (last < first) return 0;
     BTN_scroll_bar(x + 302.0f, y - 130.0f, y + 130.0f, first, last, index);
 
@@ -122,7 +122,7 @@ int32_t BTN_list_picker(float x, float y, const char* names, const char* tags, i
     if (mode != SCREEN_FILE_OPEN && mode != SCREEN_FILE_SAVE)
         result |= search_fields(x, y, names, index, first, last, search, search_field);
 
-    int32_t frame = PAL_BLACK;  // stays black when the selected index has no row
+    int32_t frame = COLOR_LIST_FRAME;  // stays black when the selected index has no row
     for (int32_t k = -LIST_ROWS_HALF; k <= LIST_ROWS_HALF; ++k) {
         const int32_t i = *index + k;
         if (i < first || i > last) continue;

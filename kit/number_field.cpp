@@ -43,7 +43,7 @@ int32_t BTN_util_draw_boxed_button(int32_t color, float x, float y, float* value
     const SheetBlock& box = BTN_sheet[SHEET_DIGIT_BOX];
     for (int32_t k = 0; k < digits; ++k)  // each box centred on its place's glyph
         BTN_util_draw_sprite(SHEET_DIGIT_BOX, x + DIGIT_BOX_W * (float)k + 6.0f - (float)box.w / 2.0f,
-                             middle - (float)box.h / 2.0f, PAL_WHITE);
+                             middle - (float)box.h / 2.0f, COLOR_WHITE);
     BTN_util_draw_label(x - 10.0f, y, LABEL_RIGHT, left);
     BTN_util_draw_label(x + width + 7.0f, y, LABEL_LEFT, right);
     OGL_draw_number(color, x + 3.0f, y, *value, digits, decimals, min < 0.0f ? 1 : 0, FACE_DIGIT_BOX);

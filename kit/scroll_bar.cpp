@@ -14,7 +14,7 @@ static void draw_track(float x, float y_bottom, float y_top) {
     const float u0 = (float)s.x, u1 = (float)(s.x + s.w);
     auto piece = [&](float p0, float p1, float r0, float r1) {
         BTN_util_draw_piece(x - 14.0f, y_bottom + p0, x + 14.0f, y_bottom + p1, u0, (float)s.y + r0, u1,
-                            (float)s.y + r1, PAL_WHITE, 1.0f, 0);
+                            (float)s.y + r1, COLOR_WHITE, 1.0f, 0);
     };
     piece(0.0f, SCROLL_CAP, 0.0f, (float)s.bottom - 1.0f);
     for (int32_t i = 0; i <= n; ++i) {
@@ -66,7 +66,7 @@ int32_t BTN_scroll_bar(float x, float y_bottom, float y_top, int32_t first, int3
 
     const SheetBlock& thumb = BTN_sheet[SHEET_THUMB];
     const float tx = x - (float)thumb.w / 2.0f, tb = ty - (float)thumb.h / 2.0f;
-    BTN_util_draw_sprite(SHEET_THUMB, tx, tb, PAL_WHITE);
-    if (dragged) BTN_util_draw_sprite(SHEET_THUMB_LIT, tx, tb, PAL_LIT);
+    BTN_util_draw_sprite(SHEET_THUMB, tx, tb, COLOR_WHITE);
+    if (dragged) BTN_util_draw_sprite(SHEET_THUMB_LIT, tx, tb, COLOR_LIT);
     return dragged;
 }

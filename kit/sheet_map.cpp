@@ -58,7 +58,7 @@ const SheetBlock BTN_sheet[SHEET_COUNT] = {
 
 int32_t sheet_font_block(int32_t face) {
     const FaceInfo* f = face_info(face);
-    if (!f || f->texture != OGL_TEX_SHEET) return -1;
+    if (!f || f->texture != TEX_SHEET) return -1;
     for (int32_t b = SHEET_FONT_LABEL; b < SHEET_COUNT; b += 2)  // the rows blocks; each tail follows
         if (BTN_sheet[b].x == int16_t(f->u) && BTN_sheet[b].y == int16_t(f->v)) return b;
     return -1;

@@ -27,7 +27,7 @@ static void draw_language_choice() {
 
 static void draw_lines(const char* const lines[4]) {
     for (int32_t k = 0; k < 4; ++k)
-        OGL_draw_string(PAL_WHITE, 10.0f, 180.0f - 40.0f * (float)k, lines[k], panel_w - 20.0f, FACE_FIELD);
+        OGL_draw_string(COLOR_WHITE, 10.0f, 180.0f - 40.0f * (float)k, lines[k], panel_w - 20.0f, FACE_FIELD);
 }
 
 void MACIBM_alert_window(int32_t return_screen, const char* const lines[4], int32_t kind) {

@@ -124,14 +124,14 @@ static void draw_pointer() {
     // The tip sits 7 texels from the left and 4 from the top of its cell.
     float l = ShellInput.mouse_x - 7.0f, r = l + p.w;
     float t = ShellInput.mouse_y + 4.0f, b = t - p.h;
-    OGL_draw_quad(OGL_TEX_SHEET, PAL_LIT, 1.0f, l, b, s1, t0, l, t, s1, t1, r, t, s2, t1, r, b, s2, t0, 1,
+    OGL_draw_quad(TEX_SHEET, COLOR_LIT, 1.0f, l, b, s1, t0, l, t, s1, t1, r, t, s2, t1, r, b, s2, t0, 1,
                   OGL_ALPHA_ON, OGL_BLEND_OFF);
 }
 
 static void draw_tooltip() {
     TooltipBox box = tooltip_box(ShellInput.help_text, ShellInput.mouse_x, ShellInput.mouse_y);
     BTN_util_draw_panel(PANEL_TIP, box.x - 10.0f, box.y - 10.0f, box.w + 20.0f, box.h + 20.0f, "");
-    OGL_draw_string(PAL_GREEN, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, FACE_TIP);
+    OGL_draw_string(COLOR_TEXT, box.x + 3.0f, box.y + box.h - 10.0f, ShellInput.help_text, box.w - 6.0f, FACE_TIP);
 }
 
 static void deliver_messages() {

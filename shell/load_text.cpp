@@ -15,7 +15,7 @@ void MACIBM_load_text() {
         Text sheet;
         int32_t w = 0, h = 0;
         str_join(folders.path[FOLDER_MENUS], "Korean:menu_text", sheet);
-        OGL_texbmp(BMP_TEXTURE, OGL_TEX_KOREAN, BMP_MAGENTA_CLEAR, sheet, &w, &h);
+        OGL_texbmp(BMP_TEXTURE, TEX_GLYPHS, BMP_MAGENTA_CLEAR, sheet, &w, &h);
     }
     MACIBM_load_menus(LANGUAGE_FILE);
     Text path;

@@ -41,7 +41,7 @@ static void draw_glow(int32_t block, float cx, float cy, float alpha) {
     const float t0 = (float)g.y / SHEET_TEXELS, t1 = (float)(g.y + g.h) / SHEET_TEXELS;
     const float x0 = cx - (float)g.w / 2.0f, x1 = cx + (float)g.w / 2.0f;
     const float y0 = cy - (float)g.h / 2.0f, y1 = cy + (float)g.h / 2.0f;
-    OGL_draw_quad(OGL_TEX_SHEET, PAL_LIT, alpha, x0, y0, s0, t0, x0, y1, s0, t1, x1, y1, s1, t1, x1, y0, s1, t0, 1,
+    OGL_draw_quad(TEX_SHEET, COLOR_LIT, alpha, x0, y0, s0, t0, x0, y1, s0, t1, x1, y1, s1, t1, x1, y0, s1, t0, 1,
                   OGL_ALPHA_ON, OGL_BLEND_ON);
 }
 
@@ -70,7 +70,7 @@ void MACIBM_progress_screen(const char* message) {
     }
     BTN_util_draw_panel(PANEL_TIP, ox + 8.0f, oy + 30.0f, 310.0f, 206.0f, "");
     for (int32_t k = 0; k < 3; ++k)
-        OGL_draw_string(k == 0 ? PAL_YELLOW : PAL_ADVICE, ox + 22.0f, oy + 215.0f - 50.0f * (float)k, fixed_lines[k],
+        OGL_draw_string(k == 0 ? COLOR_FOLDER : PAL_ADVICE, ox + 22.0f, oy + 215.0f - 50.0f * (float)k, fixed_lines[k],
                         280.0f, FACE_FIELD);
 
     if (std::fabs(ShellInput.elapsed_secs - last_call_secs) > 0.1f) progress_lamp = 0;
@@ -84,7 +84,7 @@ void MACIBM_progress_screen(const char* message) {
     }
     ++progress_lamp;
 
-    OGL_draw_string(PAL_GREEN, ox + 22.0f, oy + 65.0f, message, 280.0f, FACE_FIELD);
+    OGL_draw_string(COLOR_TEXT, ox + 22.0f, oy + 65.0f, message, 280.0f, FACE_FIELD);
     OGL_swap_buffers();
     bg_compose = compose;
 }

@@ -69,7 +69,7 @@ void MACIBM_init() {
     gl_ready = 1;
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     MACIBM_gl_multitexture();
-    OGL_texbmp(BMP_TEXTURE, OGL_TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface", nullptr, nullptr);
+    OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface", nullptr, nullptr);
     take_bg_color();
     MACIBM_open_screen(SCREEN_INTRO);
     quit_requested = 0;

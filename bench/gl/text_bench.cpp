@@ -45,7 +45,7 @@ bool open_context() {
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     static uint8_t sheet[512 * 512 * 4];  // glyph-like texels: every third transparent
     for (int i = 0; i < 512 * 512; ++i) memset(&sheet[i * 4], i % 3 ? 255 : 0, 4);
-    OGL_load_tex("general_interface", OGL_TEX_SHEET, 0, GL_RGBA, 512, 512, sheet);
+    OGL_load_tex("general_interface", TEX_SHEET, 0, GL_RGBA, 512, 512, sheet);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
     return true;
@@ -62,7 +62,7 @@ void BM_BriefingTextFrame(benchmark::State& state) {
     state.SetLabel(reinterpret_cast<const char*>(qglGetString(GL_RENDERER)));
     for (auto _ : state) {
         for (int p = 0; p < 4; ++p)
-            OGL_draw_string(PAL_GREEN, 40, 690 - 150 * (float)p, paragraphs[p], 640, FACE_FIELD);
+            OGL_draw_string(COLOR_TEXT, 40, 690 - 150 * (float)p, paragraphs[p], 640, FACE_FIELD);
         qglFinish();
     }
     state.SetItemsProcessed(state.iterations() * 4 * 499);

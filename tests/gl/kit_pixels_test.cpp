@@ -43,14 +43,14 @@ TEST(KitPixels, GlyphsAndPanelCornersShowTheirSheetTexels) {
     qglDisable(GL_DITHER);
     OGL_set_projection(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     int32_t w, h;
-    ASSERT_EQ(OGL_texbmp(-100, OGL_TEX_SHEET, -106, "general_interface.bmp", &w, &h), 1);
+    ASSERT_EQ(OGL_texbmp(-100, TEX_SHEET, -106, "general_interface.bmp", &w, &h), 1);
     qglClearColor(clear[0] / 255.0f, clear[1] / 255.0f, clear[2] / 255.0f, 1);
     qglClear(GL_COLOR_BUFFER_BIT);
 
     // The field face's whole character set on one line (character k at x 20 + 6 k, glyphs from
     // y 100), and a style 3 panel asked at (300, 300) 300 x 200: it covers 300..608 x 292..500.
     const char* chars = FACE_LAYOUT_CELLS[LAYOUT_TEXT];
-    OGL_draw_string(PAL_LIT, 20, 102, chars, FONT_NO_WRAP, FACE_FIELD);
+    OGL_draw_string(COLOR_LIT, 20, 102, chars, FONT_NO_WRAP, FACE_FIELD);
     BTN_util_draw_panel(PANEL_DIALOG, 300, 300, 300, 200, "");
     std::vector<uint8_t> frame(1024 * 768 * 4);
     qglReadPixels(0, 0, 1024, 768, GL_RGBA, GL_UNSIGNED_BYTE, frame.data());

@@ -37,7 +37,7 @@ TEST_F(Boxes, SplitLabelAtTheFirstBar) {
 }
 
 TEST_F(Boxes, LabelsSplitNearTheMiddleAndAlign) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     // Each line drawn at (100, 50): its x, its y (glyphs start 2 lower) and length.
     const struct { const char* text; int32_t align; std::vector<float> lines; } rows[] = {
         {"Cruise altitude", LABEL_RIGHT, {64, 55, 6, 52, 45, 8}}, {"Cruise altitude", LABEL_LEFT, {100, 55, 6, 100, 45, 8}},
@@ -55,7 +55,7 @@ TEST_F(Boxes, LabelsSplitNearTheMiddleAndAlign) {
 }
 
 TEST_F(Boxes, BarsRepeatTheMiddleAndCutTheLastPiece) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     OGL_tint[2] = 0.5f;  // tells the body's colour 0 from the lit overlay's untinted 61
     const struct { int32_t kind; float x, y, width; std::vector<float> pieces; } rows[] = {
         // 57 is drawn 58 wide: cap 11, a middle of 23, a middle cut to 13 (13 x 23 / 34 texels), cap 11.
@@ -78,7 +78,7 @@ TEST_F(Boxes, BarsRepeatTheMiddleAndCutTheLastPiece) {
 }
 
 TEST_F(Boxes, PanelTilesCoverTheBoxOneTexelPerUnit) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     // The box covered, the texels of its lower-left and upper-right tiles, the title's place.
     const struct { int32_t style; float x, y, w, h; std::vector<float> box, corners; float tx, ty; } rows[] = {
         {2, 26, 36, 700, 600, {26, 28, 734, 636}, {128, 366, 158, 396, 226, 464, 256, 494}, 32, 624},
@@ -111,7 +111,7 @@ TEST_F(Boxes, PanelTilesCoverTheBoxOneTexelPerUnit) {
 }
 
 TEST_F(Boxes, LampsAndKnobsLightWithTheBlockAbove) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     panel_w = 624, panel_h = 300;
     BTN_util_draw_lamp(100, 200, 499, 302, 1);
     BTN_util_draw_panel(1, 0, 0, 624, 300, "");  // style 1 ends with the unlit knobs

@@ -66,7 +66,7 @@ TEST(SheetMap, EveryCellOfASheetFaceLiesInItsFontBlocks) {
     for (int32_t face = FACE_FIRST; face < FACE_FIRST + FACE_COUNT; ++face) {
         const FaceInfo& f = *face_info(face);
         const int32_t rows = sheet_font_block(face);
-        ASSERT_EQ(rows >= 0, f.texture == OGL_TEX_SHEET) << face;
+        ASSERT_EQ(rows >= 0, f.texture == TEX_SHEET) << face;
         if (rows < 0) continue;
         ++on_sheet;
         for (int32_t cell = 0; cell < layout_cell_count(f.layout); ++cell) {

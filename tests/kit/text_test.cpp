@@ -55,19 +55,19 @@ TEST_F(Text, GlyphCellsAndQuadsOfEveryLayout) {
 }
 
 TEST_F(Text, StringIsOneOpaqueBlockOnTheRoundedPanelPosition) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     panel_x = 100.5f, panel_y = -0.5f;
     OGL_draw_string(66, 10, 20.6f, "ab", FONT_NO_WRAP, 106);  // x0 = round(110.5), y0 = round(20.1) - 2
     const GlPrim& p = gl.prims.at(0);
     EXPECT_EQ(layout(p, 106, 111, 18), "a@0 b@6");
-    EXPECT_TRUE(p.v[2].y == 29 && p.tex[0] == OGL_TEX_SHEET && p.caps == std::set<GLenum>{GL_ALPHA_TEST});
+    EXPECT_TRUE(p.v[2].y == 29 && p.tex[0] == TEX_SHEET && p.caps == std::set<GLenum>{GL_ALPHA_TEST});
     EXPECT_THAT(std::vector<float>({p.v[0].r, p.v[0].g, p.v[0].a}), ElementsAre(0.1f, 1, 1));
     EXPECT_TRUE(gl.count("glColor4f") == 0 && gl.count("glBindTexture") == 1 && gl.prims.size() == 1);
 }
 
 TEST_F(Text, WrapBreaksOnlyAfterBreakCharactersAndAtLineFeeds) {
-    fake_loaded(OGL_TEX_SHEET);
-    fake_loaded(OGL_TEX_KOREAN);
+    fake_loaded(TEX_SHEET);
+    fake_loaded(TEX_GLYPHS);
     // Expected lines joined by '|'; every character but a line feed takes one 6-unit place.
     const struct { const char* text; float width; const char* lines; } rows[] = {
         {"one two three", 50, "one two |three"},  // two ends at 42 and stays; three would end at 78
@@ -100,7 +100,7 @@ TEST_F(Text, WrapBreaksOnlyAfterBreakCharactersAndAtLineFeeds) {
 }
 
 TEST_F(Text, NumbersFillTheirPlacesWithSignPointSeparatorsAndOverflow) {
-    fake_loaded(OGL_TEX_SHEET);
+    fake_loaded(TEX_SHEET);
     // Quads in drawing order from x0 (a point sits 1 unit lower).
     const struct { float value; int32_t digits, decimals, sign, face; const char* drawn; } rows[] = {
         {5000, 5, 0, 0, 105, "0@0 5@10 ,@15 0@20 0@30 0@40"},

@@ -66,7 +66,7 @@ class Menus : public testing::Test {
     void SetUp() override {
         gl_recorder_install();
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), fio_reset(), menus_reset(), text_table_reset();
-        OGL_tex_bytes[OGL_TEX_SHEET] = OGL_tex_bytes[OGL_TEX_KOREAN] = 1;  // the sheets count as loaded
+        OGL_tex_bytes[TEX_SHEET] = OGL_tex_bytes[TEX_GLYPHS] = 1;  // the sheets count as loaded
         language = LANG_ENGLISH, cur_screen = SCREEN_MAIN, swaps = 0;
         picks.clear();
         app_set_hooks(nullptr, nullptr, [](int32_t c) { picks.push_back(c); });
