@@ -16,9 +16,10 @@ bool plat_program_folder(char* out, size_t size);
 bool plat_user_folder(char* out, size_t size);
 
 // Calls `each` for every entry of `folder` (platform form, with or without a trailing
-// separator) in the order the system returns them. Returns the number of entries seen,
-// or -1 when the folder cannot be searched.
-using PlatListFn = void (*)(const char* name, bool is_folder, void* ctx);
+// separator) in the order the system returns them, "." and ".." included, until `each`
+// returns false. Returns the number of entries handed over, or -1 when the folder cannot
+// be searched.
+using PlatListFn = bool (*)(const char* name, bool is_folder, void* ctx);
 int plat_list_folder(const char* folder, PlatListFn each, void* ctx);
 
 // ---- user-facing services (platform/sdl or platform/null) ----
