@@ -47,6 +47,10 @@ struct PlatDisplayMode {
 // Mode number `index` (0, 1, 2, ...) of the primary display in the system's order; false
 // past the last one.
 bool plat_display_mode(int32_t index, PlatDisplayMode* mode);
+
+// Whether windows can be shown to a person. Without a display the windowed layer falls back
+// to an offscreen driver; that counts only when VOCALOG_OFFSCREEN=1 asks for it (tests).
+bool plat_display_present();
 // Asks for a temporary switch of the primary display into `mode` (one that
 // plat_display_mode listed). False when the system refuses it. Where modes can only be
 // changed for a full-screen window, the switch is made when the window is created (and
