@@ -30,7 +30,6 @@ constexpr int SHOT_W = 1024, SHOT_H = 768;
 static uint8_t shot[SHOT_W * SHOT_H * 3];
 static bool shot_taken = false;
 static uint8_t sheet[512 * 512 * 4];
-static uint8_t tile[256 * 256 * 4];
 
 // Palette entries of this program's own test colours.
 enum : int32_t { C_RED = 100, C_GREEN, C_BLUE, C_YELLOW, C_WHITE };
@@ -73,19 +72,6 @@ static void load_nearest(const char* name, int32_t id, int32_t w, int32_t h, con
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 }
 
-// The background tiles 311..322 as a screen would cut them: a soft vertical gradient.
-static void make_background() {
-    for (int j = 0; j < 3; ++j)
-        for (int i = 0; i < 4; ++i) {
-            for (int v = 0; v < 256; ++v)
-                for (int u = 0; u < 256; ++u) {
-                    int y = 256 * j + v;
-                    put(&tile[(v * 256 + u) * 4], (uint8_t)(40 + y / 12), (uint8_t)(60 + y / 10), (uint8_t)(90 + y / 8),
-                        255);
-                }
-            load_nearest("background texture", 311 + 4 * j + i, 256, 256, tile);
-        }
-}
 
 static void draw_test_frame() {
     OGL_fill_rect(C_RED, 1.0f, 40, 520, 200, 120);
@@ -165,7 +151,7 @@ int main(int argc, char** argv) {
     MACIBM_gl_multitexture();
     make_sheet();
     load_nearest("general_interface", 300, 512, 512, sheet);
-    make_background();
+    bg_color[0] = 50, bg_color[1] = 80, bg_color[2] = 120;  // the paint message opens the screen on it
 
     OGL_set_swap(capture_and_swap);
     app_set_hooks(draw_test_frame, nullptr, nullptr);

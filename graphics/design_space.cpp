@@ -6,6 +6,8 @@ float ui_margin_x = 0.0f;
 float ui_margin_y = 0.0f;
 float panel_x = 0.0f;
 float panel_y = 0.0f;
+float panel_w = DESIGN_W;
+float panel_h = DESIGN_H;
 
 void design_space_fit() {
     float sx = disp_width / DESIGN_W;
@@ -24,4 +26,6 @@ void design_space_reset() {
     ui_scale = 1.0f;
     ui_margin_x = ui_margin_y = 0.0f;
     panel_x = panel_y = 0.0f;
+    panel_w = DESIGN_W;
+    panel_h = DESIGN_H;
 }

@@ -12,6 +12,8 @@ extern float ui_margin_x;  // design units added on each side when the window is
 extern float ui_margin_y;  // design units added above when it is taller
 extern float panel_x;      // lower-left corner of the current screen's panel; the primitives
 extern float panel_y;      // add it to every coordinate they are given
+extern float panel_w;      // the current screen's panel size in units
+extern float panel_h;
 
 // Computes ui_scale and the margins from disp_width and disp_height.
 void design_space_fit();

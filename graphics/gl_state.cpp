@@ -44,7 +44,7 @@ void OGL_set_color(int32_t index, float alpha) {
         for (int i = 0; i < 3; ++i) compose_rgb[i] = (uint8_t)ogl_round(c[i] * 255.0f);
         return;
     }
-    if (index >= OGL_PULSE_FIRST && index <= OGL_PULSE_LAST) OGL_pulse_drawn = 1;
+    if (index >= OGL_PULSE_FIRST && index <= OGL_PULSE_LAST) OGL_mark_pulse(OGL_PULSING);
     float rgb[3] = {c[0], c[1], c[2]};
     if (index < 49)
         for (int i = 0; i < 3; ++i) rgb[i] *= OGL_tint[i];

@@ -19,10 +19,16 @@ extern float OGL_tint[3];                       // multiplies palette entries 0.
 extern int32_t gl_tex_units;  // texture units the last state switch enabled
 extern int32_t bg_compose;    // 1: colours are recorded and lines/rectangles go to the background image
 extern uint8_t compose_rgb[3];
-// Palette entries that the event loop changes every pass (pulsing colours), and whether one
-// has been drawn with since the loop last cleared the flag: such a frame is animated.
+// Palette entries that the event loop changes every pass (pulsing colours).
 constexpr int32_t OGL_PULSE_FIRST = 54, OGL_PULSE_LAST = 59;
+// How much the frame being drawn moves on its own; the event loop clears it at each pass and
+// paces the next pass by it. Pulsing colours change the look of whole pieces; a small pulse
+// (a text cursor) looks smooth at a few passes a second.
+enum : int32_t { OGL_STILL = 0, OGL_SMALL_PULSE = 1, OGL_PULSING = 2 };
 extern int32_t OGL_pulse_drawn;
+inline void OGL_mark_pulse(int32_t level) {
+    if (level > OGL_pulse_drawn) OGL_pulse_drawn = level;
+}
 
 // Brings GL to the given state, issuing enables and disables only where it differs.
 void OGL_set_state(int32_t fog, int32_t tex_units, int32_t lighting, int32_t alpha_test,

@@ -35,9 +35,9 @@ void event_loop_reset() {
     last_message_secs = 0.0f;
 }
 
-uint32_t pass_interval_us(float elapsed_secs, float last_message, bool animated) {
-    const bool idle = !animated && elapsed_secs - last_message > PASS_IDLE_AFTER_SECS;
-    return idle ? PASS_IDLE_INTERVAL_US : PASS_MIN_INTERVAL_US;
+uint32_t pass_interval_us(float elapsed_secs, float last_message, int32_t motion) {
+    if (elapsed_secs - last_message <= PASS_IDLE_AFTER_SECS || motion >= OGL_PULSING) return PASS_MIN_INTERVAL_US;
+    return motion == OGL_SMALL_PULSE ? PASS_PULSE_INTERVAL_US : PASS_IDLE_INTERVAL_US;
 }
 
 int32_t event_loop_painted() { return window_painted; }
@@ -161,7 +161,6 @@ static void run_pass() {
 
     ShellInput.help_text[0] = 0;
     pulse_palette(ShellInput.elapsed_secs);
-    OGL_pulse_drawn = 0;
 
     if (cur_screen < 996 || cur_screen > 999) {
         OGL_draw_background();
@@ -175,8 +174,9 @@ static void run_pass() {
 
 void MACIBM_event_pass() {
     run_pass();
-    uint32_t interval = window_painted
-                            ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn != 0)
-                            : PASS_MIN_INTERVAL_US;
-    plat_pace(interval, interval == PASS_IDLE_INTERVAL_US);
+    // The motion of everything drawn since the last pace, modal loops' own drawing included.
+    uint32_t interval = window_painted ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn)
+                                       : PASS_MIN_INTERVAL_US;
+    OGL_pulse_drawn = OGL_STILL;
+    plat_pace(interval, interval != PASS_MIN_INTERVAL_US);
 }

@@ -4,10 +4,10 @@
 
 // Passes are kept to at most about 120 a second where the swap does not wait for the display.
 constexpr uint32_t PASS_MIN_INTERVAL_US = 8333;
-// After this long without any window message, and while the frame draws no pulsing
-// colour, the loop is idle: passes slow to two a second (a software renderer then costs a
-// few percent of a core instead of all of it), and the first message ends the wait at once.
-// A frame that pulses keeps the full pace, so its animation stays smooth.
+// After this long without any window message, and while nothing on the frame moves, the
+// loop is idle: passes slow to two a second (a software renderer then costs a few percent of
+// a core instead of all of it), and the first message ends the wait at once. A frame with
+// pulsing colours keeps the full pace, so its animation stays smooth.
 constexpr float PASS_IDLE_AFTER_SECS = 3.0f;
 constexpr uint32_t PASS_IDLE_INTERVAL_US = 500000;
 
@@ -24,9 +24,12 @@ struct TooltipBox {
 };
 TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y);
 
-// The pause after a pass: the idle interval once the last message is more than
-// PASS_IDLE_AFTER_SECS old and the frame was not animated, else the active one.
-uint32_t pass_interval_us(float elapsed_secs, float last_message_secs, bool animated);
+// Once idle, a frame with only a small pulse (a text cursor) keeps about 18 passes a second.
+constexpr uint32_t PASS_PULSE_INTERVAL_US = 55555;
+
+// The pause after a pass: while messages come, the active interval; once the last message is
+// more than PASS_IDLE_AFTER_SECS old, the interval the frame's motion (OGL_pulse_drawn) needs.
+uint32_t pass_interval_us(float elapsed_secs, float last_message_secs, int32_t motion);
 
 // The loop's own state back to program start: not painted, no time base, pointer at 999.
 void event_loop_reset();

@@ -1,0 +1,11 @@
+// The shell's own texts: English defaults for the entries it draws.
+#include "shell/shell_text.h"
+
+const char* shell_text(int32_t entry) {
+    switch (entry) {
+    case TEXT_ALERT_TITLE: return "Alert";
+    case TEXT_DIALOG_TITLE: return "Files";
+    case TEXT_ALERT_BUTTON: return "OK";
+    default: return "";
+    }
+}
