@@ -6,6 +6,8 @@ enum : int32_t {
     TEXT_ALERT_TITLE = 600,   // the alert panel's title
     TEXT_DIALOG_TITLE = 601,  // the file dialogs' panel title
     TEXT_ALERT_BUTTON = 602,  // the alert's button
+    TEXT_CHOOSER_UP = 605,      // the file chooser's button to the folder above
+    TEXT_CHOOSER_CANCEL = 606,  // the file chooser's cancel button
 };
 
 // The entry's text in the interface language; English until the language's text file is read.

@@ -9,6 +9,7 @@
 #include "graphics/gl_state.h"
 #include "graphics/textures.h"
 #include "shell/event_loop.h"
+#include "shell/file_chooser.h"
 #include "shell/screens.h"
 #include "util/file_reader.h"
 #include "util/folders.h"
@@ -67,6 +68,7 @@ void MACIBM_init() {
     design_space_fit();
 
     window_set_proc(MACIBM_window_proc);
+    file_chooser_install();
     if (MACIBM_set_fullscreen(1) == 0 || MACIBM_open_window() == 0) MACIBM_graphics_failure();
     MACIBM_gl_checks();
     gl_ready = 1;

@@ -48,7 +48,7 @@ struct Staged {
     bool folder;
     char name[WHOLE_NAME_SIZE];
 };
-static Staged staged[LIST_MAX];
+static Staged staged[LISTING_MAX];
 
 // The sort works on the first 8 bytes of each name as one big-endian number (zeros past
 // the end, which no name holds), so most comparisons never touch the names.
@@ -56,7 +56,7 @@ struct SortKey {
     uint64_t head;
     uint16_t index;
 };
-static SortKey order[LIST_MAX];
+static SortKey order[LISTING_MAX];
 
 static uint64_t head_of(const Staged& s) {
     uint64_t h = 0;
@@ -79,7 +79,7 @@ static bool collect(const char* name, bool is_folder, void* ctx) {
     s.len = (uint16_t)n;
     s.folder = is_folder;
     memcpy(s.name, name, n);
-    return ++c->count < LIST_MAX;
+    return ++c->count < LISTING_MAX;
 }
 
 // Byte-wise order of whole names: a name before every longer name it begins.
@@ -113,12 +113,12 @@ int32_t list_folder(int32_t type) {
     for (int32_t i = 0; i < c.count; ++i) {
         const Staged& s = staged[order[i].index];
         char* shown = listing.name[i];
-        if (s.len < LIST_NAME_SIZE) {
+        if (s.len < LISTING_NAME_SIZE) {
             memcpy(shown, s.name, s.len);
             shown[s.len] = 0;
         } else {  // too long to show whole: cut visibly
-            memcpy(shown, s.name, LIST_NAME_SIZE - 3);
-            memcpy(shown + LIST_NAME_SIZE - 3, "..", 3);
+            memcpy(shown, s.name, LISTING_NAME_SIZE - 3);
+            memcpy(shown + LISTING_NAME_SIZE - 3, "..", 3);
         }
         char* path = listing.path[i];
         memcpy(path, folder, folder_len);
@@ -127,7 +127,7 @@ int32_t list_folder(int32_t type) {
         if (s.folder) path[end++] = PATH_SEP;
         path[end] = 0;
         listing.is_folder[i] = s.folder ? 1 : 0;
-        memcpy(listing.kind[i], s.folder ? "fold" : "file", LIST_KIND_SIZE);
+        memcpy(listing.kind[i], s.folder ? "fold" : "file", LISTING_KIND_SIZE);
     }
     return c.count;
 }
