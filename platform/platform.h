@@ -11,6 +11,9 @@ uint32_t plat_ticks_ms();
 // The folder of the running executable, with its trailing separator. False when unknown.
 bool plat_program_folder(char* out, size_t size);
 
+// The process's working folder, with its trailing separator. False when unknown.
+bool plat_current_folder(char* out, size_t size);
+
 // The per-user data folder the suite's programs share, with its trailing separator,
 // created when missing: $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/.
 bool plat_user_folder(char* out, size_t size);
