@@ -23,6 +23,20 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
   target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
 endif()
 
+# The interface kit's gallery: every face, bar, panel and number form drawn from the
+# program folder's bitmaps (the build folder by default) into one screenshot.
+add_executable(vocalog-gallery ${CMAKE_SOURCE_DIR}/app/gallery_main.cpp)
+target_link_libraries(vocalog-gallery PRIVATE vocalog_gui)
+# `cmake --build <dir> --target gallery` redraws docs/gallery.png (ImageMagick makes the PNG).
+find_program(VOCALOG_CONVERT convert)
+if(VOCALOG_CONVERT)
+  add_custom_target(gallery
+    COMMAND vocalog-gallery ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/gallery.ppm
+    COMMAND ${VOCALOG_CONVERT} ${CMAKE_BINARY_DIR}/gallery.ppm -strip ${CMAKE_SOURCE_DIR}/docs/gallery.png
+    VERBATIM)
+  add_dependencies(gallery vocalog-gallery vocalog_art)
+endif()
+
 if(VOCALOG_BENCH)
   find_package(benchmark REQUIRED)
   file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)
