@@ -21,7 +21,6 @@
 #include "window/input.h"
 #include "window/window.h"
 
-float bg_color[3];
 
 static StartupStepFn choose_language_fn = nullptr;
 static StartupStepFn load_text_fn = nullptr;
