@@ -56,9 +56,11 @@ void chooser_start(int32_t type, char* limit) {
 
 static bool is_separator(char c) { return c == ':' || c == PATH_SEP; }
 
-bool chooser_can_go_up(const char* folder, const char* limit) { return strlen(folder) > strlen(limit) + 2; }
+// The up button is shown while the work folder lies more than two characters below the limit.
+static bool can_go_up(const char* folder, const char* limit) { return strlen(folder) > strlen(limit) + 2; }
 
-void chooser_go_up(char* folder, const char* limit) {
+// Cuts the last folder off `folder`, keeping its final separator, never above `limit`.
+static void go_up(char* folder, const char* limit) {
     const int32_t floor = (int32_t)strlen(limit) - 1;  // the limit's own final separator
     int32_t i = (int32_t)strlen(folder) - 2;
     while (i > floor && i > 0 && !is_separator(folder[i])) --i;
@@ -132,9 +134,9 @@ int32_t opensave(int32_t screen, int32_t type, char* name, char* path) {
         draw_name_field(screen);
         draw_staircase(work_folder());
 
-        if (chooser_can_go_up(work_folder(), chooser.limit) &&
+        if (can_go_up(work_folder(), chooser.limit) &&
             BTN_push_button(UP_X, UP_Y, 0, 0, shell_text(TEXT_CHOOSER_UP))) {
-            chooser_go_up(work_folder(), chooser.limit);
+            go_up(work_folder(), chooser.limit);
             list_anew(type);
         }
         if (BTN_push_button(CANCEL_X, CANCEL_Y, 0, 0, shell_text(TEXT_CHOOSER_CANCEL))) return close_dialog(remembered, 0);

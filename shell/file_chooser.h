@@ -26,9 +26,4 @@ void file_chooser_install();
 // Both stay in the suite's form.
 void chooser_start(int32_t type, char* limit);
 
-// The up button is shown while the work folder lies more than two characters below the limit.
-bool chooser_can_go_up(const char* folder, const char* limit);
-// Cuts the last folder off `folder`, keeping its final separator, never above `limit`.
-void chooser_go_up(char* folder, const char* limit);
-
 void chooser_reset();

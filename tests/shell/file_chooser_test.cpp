@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "graphics/design_space.h"
@@ -32,8 +33,8 @@ static Input row(int k) { return at(100, 168 - 10.0f * (float)k); }  // k rows b
 static const Input UP = at(163, 287), CANCEL = at(163, 52), RETURN{-1, -1, {PLAT_VK_RETURN}};
 
 static std::vector<Input> script;
-static size_t next_input = 0;
-static bool forced_out = false;
+static size_t next_input;
+constexpr size_t FORCED_OUT = 1000;
 
 // Posts the next frame's input; once the script is spent, a dialog still open is closed.
 static int32_t on_swap() {
@@ -46,8 +47,7 @@ static int32_t on_swap() {
                 plat_post_message({m, 0, (intptr_t)(py << 16 | px), 0});
         }
     } else if (next_input++ > script.size() + 3 && screen_is_modal(cur_screen)) {
-        forced_out = true;
-        MACIBM_open_screen(SCREEN_MAIN);
+        next_input = FORCED_OUT, MACIBM_open_screen(SCREEN_MAIN);
     }
     return 1;
 }
@@ -60,22 +60,16 @@ protected:
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), event_loop_reset();
         listing_reset(), chooser_reset(), plat_reset_messages();
         OGL_tex_bytes[300] = 1;  // the interface sheet; the screens load the background tiles
-        for (S f : {"Aircraft/B.acf", "Aircraft/a.ACF", "Aircraft/notes.txt", "Aircraft/Heavy/x.acf",
-                    "Aircraft/Heavy/y.acf", "Aircraft/Heavy/Zeppelin NT, a name far too long to show.acf",
-                    "Output/FMS plans/KSFO-KLAX.fms"}) {
-            fs::create_directories(fs::path(dir + f).parent_path());
-            test_write_file(dir, f, "");
-        }
+        for (S f : {"B.acf", "a.ACF", "notes.txt", "Heavy/x.acf", "Heavy/y.acf",
+                    "Heavy/Zeppelin NT, a name far too long to show.acf", "../Output/FMS plans/KSFO-KLAX.fms"})
+            fs::create_directories(fs::path(dir + "Aircraft/" + f).parent_path()), test_write_file(dir + "Aircraft/", f, "");
         folders_fill(dir.c_str(), dir.c_str());
         cur_screen = SCREEN_MAIN;
         plat_post_message({PLAT_MSG_PAINT, 0, 0, 0});
         MACIBM_event_pass();
         OGL_set_swap(on_swap);
     }
-    void TearDown() override {
-        OGL_set_swap(nullptr);
-        fs::remove_all(dir);
-    }
+    void TearDown() override { OGL_set_swap(nullptr), fs::remove_all(dir); }
 };
 
 TEST_F(Chooser, WalksPicksTypesAndCancels) {
@@ -88,12 +82,10 @@ TEST_F(Chooser, WalksPicksTypesAndCancels) {
         int32_t result;
         S name, path, work;  // expected; path and work below the program folder
     } rows[] = {
-        // B.acf, Heavy, a.ACF: Heavy is the middle; inside it, x.acf of Zeppelin.., x.acf, y.acf.
+        // B.acf, Heavy, a.ACF: Heavy is the middle; inside it Zeppelin.., x.acf, y.acf.
         {"pick a folder, then a file above", 998, FTYPE_AIRCRAFT, {row(0), row(-1)}, 1,
          "Zeppelin NT, a name far too long to show.acf", "Aircraft/Heavy/Zeppelin NT, a name far too long to show.acf",
          "Aircraft/Heavy/"},
-        {"return walks into the middle entry", 998, FTYPE_AIRCRAFT, {RETURN, RETURN}, 1, "x.acf",
-         "Aircraft/Heavy/x.acf", "Aircraft/Heavy/"},
         {"up and back down: the same list", 998, FTYPE_AIRCRAFT, {row(0), UP, RETURN, row(1)}, 1, "y.acf",
          "Aircraft/Heavy/y.acf", "Aircraft/Heavy/"},
         {"up stops at the program folder", 998, FTYPE_AIRCRAFT, {UP, UP, UP, CANCEL}, 0, keep_name, keep_path, ""},
@@ -106,37 +98,14 @@ TEST_F(Chooser, WalksPicksTypesAndCancels) {
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(r.what);
-        script = r.inputs, next_input = 0, forced_out = false;
+        script = r.inputs, next_input = 0;
         str_copy(dir.c_str(), work_folder());
         Text name, path;
         str_copy(keep_name.c_str(), name), str_copy(keep_path.c_str(), path);
         const int32_t result = opensave(r.screen, r.type, name, path);
-        EXPECT_FALSE(forced_out);
-        EXPECT_EQ(next_input, r.inputs.size() + 1);  // closed in the frame that answers the last input
-        EXPECT_EQ(cur_screen, SCREEN_MAIN);
-        EXPECT_EQ(result, r.result);
-        EXPECT_EQ(S(name), r.name);
-        EXPECT_EQ(S(path), r.result ? dir + r.path : r.path);
-        EXPECT_EQ(S(work_folder()), dir + r.work);
-    }
-}
-
-TEST(ChooserUp, CutsOneFolderAndNeverPassesTheLimit) {
-    struct Row {
-        S folder, limit, after;
-        bool shown;
-    } rows[] = {
-        {"/sim/Aircraft/Jets/", "/sim/", "/sim/Aircraft/", true},
-        {"/sim/Aircraft/", "/sim/", "/sim/", true},
-        {"/sim/a/", "/sim/", "/sim/", false},  // within two characters of the limit: no button
-        {"/sim/Output/FMS plans/", "/sim/Output/FMS plans/", "/sim/Output/FMS plans/", false},
-        {"custom objects:", "custom objects:", "custom objects:", false},
-    };
-    for (const Row& r : rows) {
-        Text folder;
-        str_copy(r.folder.c_str(), folder);
-        EXPECT_EQ(chooser_can_go_up(folder, r.limit.c_str()), r.shown) << r.folder;
-        chooser_go_up(folder, r.limit.c_str());
-        EXPECT_EQ(S(folder), r.after) << r.folder;
+        // Closed by the frame that answers the last input, back on the screen it came from.
+        EXPECT_TRUE(next_input == r.inputs.size() + 1 && cur_screen == SCREEN_MAIN);
+        EXPECT_EQ(std::tuple(result, S(name), S(path), S(work_folder())),
+                  std::tuple(r.result, r.name, r.result ? dir + r.path : r.path, dir + r.work));
     }
 }
