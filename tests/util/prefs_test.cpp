@@ -80,6 +80,10 @@ TEST_F(Prefs, SaveWritesTheHeaderOfEachKindOrAlerts) {
     out_close(&fio_out);
     EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(shown, "");
+    chmod((dir + "data.txt").c_str(), 0444);  // a read-only file is kept, with the alert
+    EXPECT_EQ(save("data.TXT", 0, 600), "not saved");
+    EXPECT_THAT(shown, HasSubstr(dir + "data.txt|"));
+    EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(save("no such folder:x.prf", 20, 3), "not saved");
     EXPECT_EQ(shown, "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
                      "READ-ONLY by the operating system? (Windows machines typically do this).|" + dir +
