@@ -12,6 +12,7 @@
 #include "base/shutdown.h"
 #include "tests/support/sim_files.h"
 #include "tests/support/test_files.h"
+#include "util/paths.h"
 #include "util/prefs.h"
 #include "util/text.h"
 
@@ -37,8 +38,10 @@ class Prefs : public testing::Test {
             shown = std::string(l[0]) + "|" + l[1] + "|" + l[2] + "|" + l[3];
         });
         disp_width = 1024.0f, disp_height = 768.0f, disp_bits = 16.0f, full_screen = 1, language = -1;
+        path_set_roots(dir.c_str(), "");  // paths below dir are in the suite's form
     }
     void TearDown() override {
+        path_set_roots("", "");
         alert_set_box(nullptr);
         shutdown_reset();
     }
