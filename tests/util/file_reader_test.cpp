@@ -53,9 +53,6 @@ TEST_F(FileReader, OpenFailsQuietly) {
                                         {"I\n601\n", 0, 600}, {"I", 0, 0}, {"I\n", 0, 600}, {"I\n \n", 0, 600},
                                         {S("a\0\0", 3), 3, 600}})
         EXPECT_EQ(open(bytes, type, version), 0) << bytes;
-    char missing[] = "C:nonexistent:folder:file";  // every ":" from index 2 on becomes "/"
-    EXPECT_EQ(fio_open(missing, 0, 0, 0), 0);
-    EXPECT_STREQ(missing, "C:nonexistent/folder/file");
     ASSERT_EQ(open("IXab\rcdXef gh", 0, 0), 1);  // the character after the marker is the line end
     EXPECT_EQ(fio_eol, 'X');
     EXPECT_EQ((Strings{line(40), line(40), word(5)}), (Strings{"ab", "cd", "ef"}));  // a CR always ends a line
