@@ -54,17 +54,16 @@ void chooser_start(int32_t type, char* limit) {
     }
 }
 
-static bool is_separator(char c) { return c == ':' || c == PATH_SEP; }
-
 // The up button is shown while the work folder lies more than two characters below the limit.
 static bool can_go_up(const char* folder, const char* limit) { return strlen(folder) > strlen(limit) + 2; }
 
-// Cuts the last folder off `folder`, keeping its final separator, never above `limit`.
+// Cuts the last folder off `folder`, keeping its final separator, never above `limit`. The work
+// folder is in the platform's form here, where a ":" belongs to a name.
 static void go_up(char* folder, const char* limit) {
     const int32_t floor = (int32_t)strlen(limit) - 1;  // the limit's own final separator
     int32_t i = (int32_t)strlen(folder) - 2;
-    while (i > floor && i > 0 && !is_separator(folder[i])) --i;
-    if (i >= 0 && is_separator(folder[i])) folder[i + 1] = 0;
+    while (i > floor && i > 0 && folder[i] != PATH_SEP) --i;
+    if (i >= 0 && folder[i] == PATH_SEP) folder[i + 1] = 0;
 }
 
 // The folders of the work folder one below the other, each a step further right; an empty
@@ -73,7 +72,7 @@ static void draw_staircase(const char* folder) {
     char part[STR_SIZE];
     int32_t k = 0, n = 0;
     for (const char* p = folder; *p; ++p) {
-        if (!is_separator(*p)) {
+        if (*p != PATH_SEP) {
             part[n++] = *p;
             continue;
         }

@@ -54,7 +54,7 @@ static int32_t on_swap() {
 
 class Chooser : public testing::Test {
 protected:
-    S dir = test_temp_dir();
+    S root = test_temp_dir(), dir = root + "Sim: 2025/";  // a program folder holding a ":"
     void SetUp() override {
         gl_recorder_install();
         gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), event_loop_reset();
@@ -69,7 +69,7 @@ protected:
         MACIBM_event_pass();
         OGL_set_swap(on_swap);
     }
-    void TearDown() override { OGL_set_swap(nullptr), fs::remove_all(dir); }
+    void TearDown() override { OGL_set_swap(nullptr), fs::remove_all(root); }
 };
 
 TEST_F(Chooser, WalksPicksTypesAndCancels) {
