@@ -89,19 +89,22 @@ static void scan_file(FileStream* fs, Search& s) {
     }
 }
 
-int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float* cloud_base, float* cloud_top,
-                  float* visibility, int32_t* wx_kind, int32_t* wx_intensity, float* temperature,
-                  float* dewpoint, float* wind_dir, float* wind_speed, float* gust, float* pressure) {
+bool wx_file_open(FileStream* fs) {
     char path[500];
     str_copy(wx_file_path, path);
     path_to_platform(path);
-    FileStream* fs = &wx_stream;
     fs_open(fs, path, false);  // bytes as they are: both line-end characters are handled here
-    if (!fs_good(fs)) {
-        if (fs->file) fs_close(fs);
-        fs->state = 0;
-        return -1;
-    }
+    if (fs_good(fs)) return true;
+    if (fs->file) fs_close(fs);
+    fs->state = 0;
+    return false;
+}
+
+int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float* cloud_base, float* cloud_top,
+                  float* visibility, int32_t* wx_kind, int32_t* wx_intensity, float* temperature,
+                  float* dewpoint, float* wind_dir, float* wind_speed, float* gust, float* pressure) {
+    FileStream* fs = &wx_stream;
+    if (!wx_file_open(fs)) return -1;
 
     apt_index_ensure();
     static Search s;

@@ -29,3 +29,8 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
 
 // The weather file's path: the program's folder followed by "metar.rwx" (set at start).
 extern char wx_file_path[500];
+
+// Opens the weather file in `fs` as the lookup reads it; false (stream closed and clean)
+// when it cannot be opened.
+struct FileStream;
+bool wx_file_open(FileStream* fs);

@@ -31,8 +31,7 @@ static bool weather_file_opens() {
     s->state = 0;
     if (s->file) fs_close(s);
     s->state = 0;
-    fs_open(s, wx_file_path, true);
-    bool ok = fs_good(s);
+    bool ok = wx_file_open(s);  // the very path the lookups open
     if (s->file) fs_close(s);
     s->state = 0;
     return ok;

@@ -11,4 +11,5 @@ enum PaletteName : int32_t {
     PAL_MENU_LIGHT = 37,
     PAL_MENU_FILL = 38,
     PAL_MENU_SHADE = 39,
+    COLOR_CURSOR = 55,  // green pulsing quickly (the event pass sets it): text cursors
 };

@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 // ---- system services (platform/posix) ----
 
@@ -19,10 +20,46 @@ bool plat_current_folder(char* out, size_t size);
 bool plat_user_folder(char* out, size_t size);
 
 // Calls `each` for every entry of `folder` (platform form, with or without a trailing
-// separator) in the order the system returns them. Returns the number of entries seen,
-// or -1 when the folder cannot be searched.
-using PlatListFn = void (*)(const char* name, bool is_folder, void* ctx);
+// separator) in the order the system returns them, "." and ".." included, until `each`
+// returns false. Returns the number of entries handed over, or -1 when the folder cannot
+// be searched.
+using PlatListFn = bool (*)(const char* name, bool is_folder, void* ctx);
 int plat_list_folder(const char* folder, PlatListFn each, void* ctx);
+
+// ---- saving a file (platform/posix) ----
+
+// How a save writes its file: a new file put in place of the target at the end (the target
+// holds the old or the new data, never a mix), or the target itself overwritten when its
+// folder cannot take a new file.
+enum : int32_t { PLAT_SAVE_REPLACE = 0, PLAT_SAVE_IN_PLACE = 1 };
+constexpr int32_t PLAT_ERR_NOT_REGULAR = -1;  // PlatSave::error: the target is no regular file
+constexpr size_t PLAT_PATH_MAX = 4096;
+
+struct PlatSave {
+    int fd;             // open for writing; -1 when there is no file
+    int32_t how;        // PLAT_SAVE_*
+    int32_t error;      // why it failed: an errno value or PLAT_ERR_NOT_REGULAR; 0 when it did not
+    char target[PLAT_PATH_MAX];  // the file written: the path given, its links followed
+    char temp[PLAT_PATH_MAX];    // a named temporary file, where no unnamed one can be made
+};
+
+// Opens a save of `path`. Symbolic links are followed to the file they name; that file must
+// be a regular file or not exist yet, and must be writable. The data goes to a file without
+// a name in the target's folder, with the target's mode (a new file: 0666 less the umask),
+// which only plat_save_end links in, so a killed process leaves nothing behind. A folder
+// that takes no new file makes the save write the target in place. False (error set, no
+// file open) when the target cannot be saved.
+bool plat_save_begin(const char* path, PlatSave* save);
+// Ends the save with `fd` still open: with `keep` the new file replaces the target; without,
+// it is dropped. A save in place is left to the caller, who truncates and closes the file.
+// False (error set) when the replacement fails. The caller closes `fd` afterwards.
+bool plat_save_end(PlatSave* save, bool keep);
+// The reason text of a PlatSave error.
+const char* plat_save_reason(int32_t error);
+
+// Opens `path` for reading only when it names a regular file (links followed); a FIFO, a
+// device or a folder never blocks or reads as data. The open file, or null (errno set).
+FILE* plat_open_regular(const char* path);
 
 // ---- user-facing services (platform/sdl or platform/null) ----
 

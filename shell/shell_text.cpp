@@ -6,6 +6,8 @@ static const char* english(int32_t entry) {
     case TEXT_ALERT_TITLE: return "Alert";
     case TEXT_DIALOG_TITLE: return "Files";
     case TEXT_ALERT_BUTTON: return "OK";
+    case TEXT_CHOOSER_UP: return "Up";
+    case TEXT_CHOOSER_CANCEL: return "Cancel";
     default: return "";
     }
 }

@@ -14,6 +14,7 @@
 #include "shell/language.h"
 #include "shell/menus.h"
 #include "shell/text_table.h"
+#include "shell/file_chooser.h"
 #include "shell/screens.h"
 #include "util/file_reader.h"
 #include "util/folders.h"
@@ -63,6 +64,7 @@ void MACIBM_init() {
     design_space_fit();
 
     window_set_proc(MACIBM_window_proc);
+    file_chooser_install();
     if (MACIBM_set_fullscreen(1) == 0 || MACIBM_open_window() == 0) MACIBM_graphics_failure();
     MACIBM_gl_checks();
     alert_window_install();

@@ -13,8 +13,8 @@ enum : int32_t {
     TEXT_ALERT_TITLE = 600,
     TEXT_DIALOG_TITLE = 601,
     TEXT_ALERT_BUTTON = 602,
-    TEXT_CHOOSER_A = 605,   // the file chooser's two texts
-    TEXT_CHOOSER_B = 606,
+    TEXT_CHOOSER_UP = 605,      // the file chooser's button to the folder above
+    TEXT_CHOOSER_CANCEL = 606,  // the file chooser's cancel button
 };
 
 extern Text text_table[TEXT_COUNT];

@@ -44,3 +44,16 @@ if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog)
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/vocalog_program_test.sh $<TARGET_FILE:vocalog>)
   set_tests_properties(X11.VocalogWholeProgram PROPERTIES TIMEOUT 300)
 endif()
+
+# The file chooser behind the aircraft button, in a real X window: a small program of its own,
+# run from the build folder, which holds the sample hangar and the interface art.
+add_executable(vocalog-chooser-check ${CMAKE_CURRENT_SOURCE_DIR}/x11/chooser_window_main.cpp)
+target_link_libraries(vocalog-chooser-check PRIVATE vocalog_gui)
+if(TARGET vocalog_art)
+  add_dependencies(vocalog-chooser-check vocalog_sim_data vocalog_art)
+endif()
+if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog_art)
+  add_test(NAME X11.FileChooserWalksPicksAndCancels
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/file_chooser_test.sh $<TARGET_FILE:vocalog-chooser-check>)
+  set_tests_properties(X11.FileChooserWalksPicksAndCancels PROPERTIES TIMEOUT 120)
+endif()

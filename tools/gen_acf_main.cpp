@@ -7,10 +7,11 @@
 // numbers, so that a reader that swaps the wrong words is caught. In a high-byte-first file every
 // 4-byte word is stored reversed except the words of the text fields.
 //
-//   vocalog-gen-acf --set DIR                     the sample world's aircraft
+//   vocalog-gen-acf --set DIR                     the sample world's aircraft (in folders) and notes
 //   vocalog-gen-acf --file PATH --intro N172SP --speed 150 --engine 1 [--version 626] [--marker i]
 //                   [--description TEXT]
 #include <cmath>
+#include <filesystem>
 
 #include "tools/gen_common.h"
 
@@ -95,13 +96,29 @@ std::string make_file(const Aircraft& a) {
 }
 
 // The sample world's hangar: a piston single and twin, a turboprop in the older format and a jet
-// stored high byte first.
+// stored high byte first at the top; more in folders by kind, one two levels down and one with a
+// name too long for the file chooser to show whole, so that the chooser has a tree to walk.
 const std::vector<Aircraft> SAMPLE_SET = {
     {"C172SP.acf", "N172SP", "Four-seat piston single, fuel injected", 150.0f, 1, 626, 'i'},
     {"Baron58.acf", "N58BE", "Six-seat piston twin, carburetted", 210.0f, 0, 626, 'i'},
     {"KingAir350.acf", "N350KA", "Twin turboprop, older file format", 275.0f, 2, 600, 'i'},
     {"CitationCJ4.acf", "N525CJ", "Light business jet, high-bypass fans, stored high byte first", 300.0f, 5, 626, 'a'},
+    {"Singles/PA28-181 Archer.acf", "N181PA", "Four-seat piston single, older file format", 125.0f, 0, 600, 'i'},
+    {"Singles/M20J Mooney.acf", "N201MJ", "Four-seat piston single, stored high byte first", 165.0f, 1, 626, 'a'},
+    {"Twins/PA34-220T Seneca V, turbocharged piston twin.acf", "N34SV", "Six-seat turbocharged piston twin",
+     185.0f, 1, 626, 'i'},
+    {"Jets/Business/Learjet 45.acf", "N45LJ", "Mid-size business jet, stored high byte first", 440.0f, 4, 626, 'a'},
 };
+
+// A file beside the aircraft that is not one: the file chooser's aircraft filter leaves it out.
+constexpr const char* NOTES_FILE = "Hangar notes.txt";
+
+std::string hangar_notes() {
+    std::string s = "Sample hangar, written by vocalog-gen-acf. Open the .acf files from the briefing screen.\n\n";
+    for (const auto& a : SAMPLE_SET)
+        s += gen::fmt("%-56s %-7s %3.0f kt  %s\n", a.file.c_str(), a.intro.c_str(), a.speed, a.description.c_str());
+    return s;
+}
 
 }  // namespace
 
@@ -111,8 +128,13 @@ int main(int argc, char** argv) {
         "[--marker a|i] [--description TEXT]";
     gen::Args args(argc, argv, {"set", "file", "intro", "speed", "engine", "version", "marker", "description"}, usage);
     if (args.has("set")) {
-        for (const auto& a : SAMPLE_SET) gen::write_file(args.get("set", "") + "/" + a.file, make_file(a));
-        std::fprintf(stderr, "vocalog-gen-acf: %zu aircraft\n", SAMPLE_SET.size());
+        const std::filesystem::path dir = args.get("set", "");
+        for (const auto& a : SAMPLE_SET) {
+            std::filesystem::create_directories((dir / a.file).parent_path());
+            gen::write_file((dir / a.file).string(), make_file(a));
+        }
+        gen::write_file((dir / NOTES_FILE).string(), hangar_notes());
+        std::fprintf(stderr, "vocalog-gen-acf: %zu aircraft and %s\n", SAMPLE_SET.size(), NOTES_FILE);
         return 0;
     }
     if (!args.has("file") || !args.has("intro") || !args.has("speed") || !args.has("engine")) gen::fail(usage);

@@ -42,6 +42,7 @@ mkdir -p "$sim/Resources/Earth nav data" "$sim/Aircraft"
 "$build/vocalog-gen-apt" --in "$tmp/airports.tsv" --out "$sim/Resources/Earth nav data/apt.dat" --seed "$seed"
 "$build/vocalog-gen-metar" --apt "$sim/Resources/Earth nav data/apt.dat" --out "$sim/metar.rwx" \
   --seed "$seed" --date 2025-01-27 --hour 21
+rm -rf "$sim/Aircraft"   # the hangar is written whole: nothing left over from an older set
 "$build/vocalog-gen-acf" --set "$sim/Aircraft"
 
 bytes=$(du -sb "$sim" | cut -f1)

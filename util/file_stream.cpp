@@ -9,8 +9,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/platform.h"
+
 void fs_open(FileStream* s, const char* path, bool text) {
-    s->file = fopen(path, "rb");
+    s->file = plat_open_regular(path);  // a FIFO, a device or a folder is a file that cannot be opened
     s->text = text;
     s->pos = s->len = 0;
     s->drained = false;

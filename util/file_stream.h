@@ -18,7 +18,8 @@ struct FileStream {
     unsigned char block[FS_BLOCK + 1];
 };
 
-// Opens `path` (platform form); a file that cannot be opened leaves the stream failed.
+// Opens `path` (platform form) when it is a regular file; anything else, or a file that
+// cannot be opened, leaves the stream failed.
 void fs_open(FileStream* s, const char* path, bool text);
 // Closes the file; closing a stream with no file sets FS_FAIL, like a failed close.
 void fs_close(FileStream* s);

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/platform.h"
+#include "util/paths.h"
 
 FolderTable folders;
 
@@ -35,13 +36,17 @@ static const char* const relative[FOLDER_COUNT - 8] = {
     "Resources:sounds:radio chatter:",
 };
 
-void folders_reset() { memset(&folders, 0, sizeof folders); }
+void folders_reset() {
+    memset(&folders, 0, sizeof folders);
+    path_set_roots("", "");
+}
 
 void folders_fill(const char* program_folder, const char* user_folder) {
     folders_reset();
     str_join(user_folder, "Corvane 6 Zephyra.prf", folders.path[FOLDER_SIM_PREFS]);
     str_join(user_folder, "Corvane 6 Language & Res.prf", folders.path[FOLDER_LANG_RES_PREFS]);
     for (int32_t i = 5; i < 8; ++i) str_copy(user_folder, folders.path[i]);
+    path_set_roots(program_folder, user_folder);
     str_copy(program_folder, folders.path[FOLDER_PROGRAM]);
     str_copy(program_folder, folders.path[FOLDER_CURRENT]);
     for (int32_t i = 8; i < FOLDER_COUNT; ++i) str_join(program_folder, relative[i - 8], folders.path[i]);

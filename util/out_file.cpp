@@ -1,52 +1,48 @@
-// The output file stream with safe replacement of the target file.
+// The output file stream with a safe save of the target file.
 #include "util/out_file.h"
 
-#include <cstdlib>
+#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
+#include <stdio_ext.h>
 #include <unistd.h>
 
 static bool stream_owned(const OutFile* f) {
     return f->file && f->file != stdout && f->file != stderr;
 }
 
+static void fail(OutFile* f, int32_t error) {
+    f->state |= FS_FAIL;
+    if (!f->error) f->error = error;
+}
+
 void out_open(OutFile* f, const char* path, bool crlf) {
     f->crlf = crlf;
     f->fixed = false;
-    f->replace = false;
+    f->saving = false;
     f->file = nullptr;
-    size_t n = strlen(path);
-    if (n == 0 || n + 8 >= OUT_TEMP_PATH) {
-        f->state |= FS_FAIL;
+    f->error = 0;
+    if (!plat_save_begin(path, &f->save)) {
+        fail(f, f->save.error);
         return;
     }
-    memcpy(f->target, path, n + 1);
-    snprintf(f->temp, sizeof f->temp, "%s.XXXXXX", path);
-    int fd = mkstemp(f->temp);
-    if (fd < 0) {
-        f->state |= FS_FAIL;
-        return;
-    }
-    // mkstemp makes the file private; give it the mode an ordinary new file would get.
-    mode_t mask = umask(0);
-    umask(mask);
-    fchmod(fd, 0666 & ~mask);
-    f->file = fdopen(fd, "wb");
+    f->file = fdopen(f->save.fd, "wb");
     if (!f->file) {
-        close(fd);
-        unlink(f->temp);
-        f->state |= FS_FAIL;
+        fail(f, errno);
+        plat_save_end(&f->save, false);
+        close(f->save.fd);
         return;
     }
-    f->replace = true;
+    // In place, the data stays in the buffer until the close, so a failed stream leaves the old file.
+    if (f->save.how == PLAT_SAVE_IN_PLACE) setvbuf(f->file, f->buffer, _IOFBF, sizeof f->buffer);
+    f->saving = true;
 }
 
 void out_attach(OutFile* f, FILE* stream) {
     f->file = stream;
     f->crlf = false;
     f->fixed = false;
-    f->replace = false;
+    f->saving = false;
+    f->error = 0;
 }
 
 void out_close(OutFile* f) {
@@ -55,28 +51,35 @@ void out_close(OutFile* f) {
         return;
     }
     if (!stream_owned(f)) {
-        if (fflush(f->file) != 0) f->state |= FS_BAD;
+        if (fflush(f->file) != 0) fail(f, errno), f->state |= FS_BAD;
         f->file = nullptr;
         return;
     }
+    const int fd = fileno(f->file);
+    const bool in_place = f->save.how == PLAT_SAVE_IN_PLACE;
     bool ok = f->state == 0;
-    if (fflush(f->file) != 0 || fsync(fileno(f->file)) != 0) ok = false;
-    if (fclose(f->file) != 0) ok = false;
+    if (!ok && in_place) __fpurge(f->file);
+    if (ok && fflush(f->file) != 0) ok = false, fail(f, errno);
+    if (ok && in_place && ftruncate(fd, ftello(f->file)) != 0) ok = false, fail(f, errno);
+    if (ok && fsync(fd) != 0) ok = false, fail(f, errno);
+    if (f->saving && !plat_save_end(&f->save, ok) && ok) ok = false, fail(f, f->save.error);
+    if (fclose(f->file) != 0 && ok) fail(f, errno);
     f->file = nullptr;
-    if (f->replace) {
-        if (ok && rename(f->temp, f->target) != 0) ok = false;
-        if (!ok) unlink(f->temp);
-        f->replace = false;
-    }
+    f->saving = false;
     if (!ok) f->state |= FS_FAIL;
 }
+
+const char* out_reason(const OutFile* f) { return f->error ? plat_save_reason(f->error) : ""; }
 
 void out_bytes(OutFile* f, const void* data, size_t count) {
     if (f->state || !f->file) {
         f->state |= FS_FAIL;
         return;
     }
-    if (count && fwrite(data, 1, count, f->file) != count) f->state |= FS_BAD | FS_FAIL;
+    if (count && fwrite(data, 1, count, f->file) != count) {
+        fail(f, errno);
+        f->state |= FS_BAD;
+    }
 }
 
 void out_text(OutFile* f, const char* text) {

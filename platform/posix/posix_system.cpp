@@ -78,8 +78,8 @@ int plat_list_folder(const char* folder, PlatListFn each, void* ctx) {
                 stat(full, &st) == 0)
                 is_folder = S_ISDIR(st.st_mode);
         }
-        each(e->d_name, is_folder, ctx);
         ++count;
+        if (!each(e->d_name, is_folder, ctx)) break;
     }
     closedir(d);
     return count;

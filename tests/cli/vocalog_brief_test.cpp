@@ -184,3 +184,13 @@ TEST_F(Brief, MissingVoiceDataIsReportedAfterTheWrittenBriefing) {
     }
     EXPECT_FALSE(std::filesystem::exists(dir + "b.wav"));
 }
+
+TEST_F(Brief, FoldersAndFilesWithColonsInTheirNames) {
+    sim = dir + "Flight: 2025/co:lon/";  // the weather found and decoded there, the aircraft read
+    SetUp();
+    std::string acf = test_write_file(dir + "Flight: 2025/", "a:b.acf", sim_aircraft({}));
+    EXPECT_THAT(run({"--aircraft", acf, "--seed", "1"}),
+                testing::AllOf(StartsWith("0|Hello, this is N172SP, a a:b, planning a flight from Albuquerque Intl"),
+                               HasSubstr("at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered"),
+                               testing::EndsWith("|")));
+}

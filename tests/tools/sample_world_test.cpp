@@ -104,7 +104,11 @@ TEST(SampleWorld, AircraftFilesReadBackAndRegenerate) {
     ASSERT_EQ(run_tool("vocalog-gen-acf", {"--set", tmp}), 0);
     const struct { const char* file; char marker; int32_t version, engine; const char* intro; float speed; } rows[] = {
         {"C172SP.acf", 'i', 626, 1, "N172SP", 150},  {"Baron58.acf", 'i', 626, 0, "N58BE", 210},  // pistons
-        {"KingAir350.acf", 'i', 600, 2, "N350KA", 275}, {"CitationCJ4.acf", 'a', 626, 5, "N525CJ", 300}};  // turbines
+        {"KingAir350.acf", 'i', 600, 2, "N350KA", 275}, {"CitationCJ4.acf", 'a', 626, 5, "N525CJ", 300},  // turbines
+        {"Singles/PA28-181 Archer.acf", 'i', 600, 0, "N181PA", 125}, {"Singles/M20J Mooney.acf", 'a', 626, 1, "N201MJ", 165},
+        {"Twins/PA34-220T Seneca V, turbocharged piston twin.acf", 'i', 626, 1, "N34SV", 185},
+        {"Jets/Business/Learjet 45.acf", 'a', 626, 4, "N45LJ", 440}};  // in folders, one two levels down
+    EXPECT_EQ(test_read_file(tmp + "Hangar notes.txt"), test_read_file(sim("Aircraft/Hangar notes.txt")));
     for (const auto& r : rows) {
         SCOPED_TRACE(r.file);
         const std::string path = sim("Aircraft/") + r.file, bytes = test_read_file(path);

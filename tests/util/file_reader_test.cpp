@@ -54,9 +54,6 @@ TEST_F(FileReader, OpenFailsQuietly) {
          {std::tuple<S, int, int>{"", T, 0}, {"", FILE_TYPE_PREFS, 0}, {"X\n600\n", T, 600}, {"I\n601\n", T, 600},
           {"I", T, 0}, {"I\n", T, 600}, {"I\n \n", T, 600}, {S("a\0\0", 3), FILE_TYPE_AIRCRAFT, 600}})
         EXPECT_EQ(open(bytes, type, version), 0) << bytes;
-    char missing[] = "C:nonexistent:folder:file";  // every ":" from index 2 on becomes "/"
-    EXPECT_EQ(fio_open(missing, FILE_TYPE_TEXT, 0, 0), 0);
-    EXPECT_STREQ(missing, "C:nonexistent/folder/file");
     ASSERT_EQ(open("IXab\rcdXef gh", FILE_TYPE_TEXT, 0), 1);  // the character after the marker is the line end
     EXPECT_EQ(fio_eol, 'X');
     EXPECT_EQ((Strings{line(40), line(40), word(5)}), (Strings{"ab", "cd", "ef"}));  // a CR always ends a line

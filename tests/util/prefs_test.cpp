@@ -12,6 +12,7 @@
 #include "base/shutdown.h"
 #include "tests/support/sim_files.h"
 #include "tests/support/test_files.h"
+#include "util/paths.h"
 #include "util/prefs.h"
 #include "util/text.h"
 
@@ -37,8 +38,10 @@ class Prefs : public testing::Test {
             shown = std::string(l[0]) + "|" + l[1] + "|" + l[2] + "|" + l[3];
         });
         disp_width = 1024.0f, disp_height = 768.0f, disp_bits = 16.0f, full_screen = 1, language = -1;
+        path_set_roots(dir.c_str(), "");  // paths below dir are in the suite's form
     }
     void TearDown() override {
+        path_set_roots("", "");
         alert_set_box(nullptr);
         shutdown_reset();
     }
@@ -80,6 +83,10 @@ TEST_F(Prefs, SaveWritesTheHeaderOfEachKindOrAlerts) {
     out_close(&fio_out);
     EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(shown, "");
+    chmod((dir + "data.txt").c_str(), 0444);  // a read-only file is kept, with the alert
+    EXPECT_EQ(save("data.TXT", 0, 600), "not saved");
+    EXPECT_THAT(shown, HasSubstr(dir + "data.txt|"));
+    EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(save("no such folder:x.prf", FILE_TYPE_PREFS, 3), "not saved");
     EXPECT_EQ(shown, "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
                      "READ-ONLY by the operating system? (Windows machines typically do this).|" + dir +
