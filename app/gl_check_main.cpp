@@ -72,20 +72,6 @@ static void load_nearest(const char* name, int32_t id, int32_t w, int32_t h, con
     qglTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 }
 
-// The background tiles as a screen would cut them: a soft vertical gradient.
-static void make_background() {
-    for (int j = 0; j < 3; ++j)
-        for (int i = 0; i < 4; ++i) {
-            for (int v = 0; v < 256; ++v)
-                for (int u = 0; u < 256; ++u) {
-                    int y = 256 * j + v;
-                    put(&tile[(v * 256 + u) * 4], (uint8_t)(40 + y / 12), (uint8_t)(60 + y / 10), (uint8_t)(90 + y / 8),
-                        255);
-                }
-            load_nearest("background texture", TEX_BACKGROUND + 4 * j + i, 256, 256, tile);
-        }
-}
-
 static void draw_test_frame() {
     OGL_fill_rect(C_RED, 1.0f, 40, 520, 200, 120);
     OGL_fill_rect(C_GREEN, 0.5f, 140, 460, 200, 120);  // half transparent over the red
@@ -164,7 +150,6 @@ int main(int argc, char** argv) {
     MACIBM_gl_multitexture();
     make_sheet();
     load_nearest("general_interface", TEX_SHEET, 512, 512, sheet);
-    make_background();
     bg_color[0] = 50, bg_color[1] = 80, bg_color[2] = 120;  // the paint message opens the screen on it
 
     OGL_set_swap(capture_and_swap);
