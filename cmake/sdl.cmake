@@ -23,6 +23,13 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
   target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
 endif()
 
+# The widget gallery: every widget, both alert kinds and the progress screen as one PNG.
+find_package(ZLIB)
+if(ZLIB_FOUND AND EXISTS ${CMAKE_SOURCE_DIR}/app/widgets_demo_main.cpp)
+  add_executable(vocalog-widgets-demo ${CMAKE_SOURCE_DIR}/app/widgets_demo_main.cpp ${CMAKE_SOURCE_DIR}/app/png_file.cpp)
+  target_link_libraries(vocalog-widgets-demo PRIVATE vocalog_gui ZLIB::ZLIB)
+endif()
+
 if(VOCALOG_BENCH)
   find_package(benchmark REQUIRED)
   file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)

@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   cmake make g++ pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
-  libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri
+  libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri zlib1g-dev
   xvfb xauth xdotool
 )
 # `install-deps.sh fuzz`: also clang and its fuzzer runtime, for `make fuzz`.
