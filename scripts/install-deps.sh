@@ -7,6 +7,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri zlib1g-dev
   xvfb xauth xdotool
+  libfreetype-dev xfonts-base xfonts-baekmuk fonts-dejavu-core fonts-nanum
 )
 # `install-deps.sh fuzz`: also clang and its fuzzer runtime, for `make fuzz`.
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)

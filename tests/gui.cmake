@@ -24,6 +24,10 @@ endfunction()
 
 vocalog_gui_test_dir(platform)
 vocalog_gui_test_dir(gl)
+# The kit's pixel tests compare drawing with the generated interface sheet.
+if(TARGET test_gl AND TARGET vocalog_art)
+  add_dependencies(test_gl vocalog_art)
+endif()
 
 # Real X input (xdotool on a private Xvfb display) through the window program's whole path.
 find_program(VOCALOG_XVFB_RUN xvfb-run)
