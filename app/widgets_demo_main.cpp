@@ -67,27 +67,27 @@ static char file_names[FILE_ROWS][LIST_NAME_SIZE], file_tags[FILE_ROWS][LIST_TAG
 
 static void draw_test_screen() {
     BTN_util_draw_panel(PANEL_SCREEN, 0, 0, 1024, 748, "Widgets");
-    BTN_util_draw_label(24, 615, LABEL_LINE, "Airports: the code KSFO typed");
+    BTN_util_draw_label(24, 525, LABEL_LINE, "Airports: the code KSFO typed");
     str_copy(ShellInput.typed_text, search);  // typing reaches the active picker through the screen
-    BTN_list_picker(40, 470, apt_table.apt_name[0], apt_table.apt_code[0], &airport, 0, apt_table.airport_count, 0,
+    BTN_list_picker(40, 380, apt_table.apt_name[0], apt_table.apt_code[0], &airport, 0, apt_table.airport_count, 0,
                     search, &search_field);
     str_copy(search, ShellInput.typed_text);
-    BTN_util_draw_label(384, 615, LABEL_LINE, "Files: folders and files");
+    BTN_util_draw_label(384, 525, LABEL_LINE, "Files: folders and files");
     int32_t no_field = -1;
     Text no_search = "";
-    BTN_list_picker(400, 470, file_names[0], file_tags[0], &file_row, 0, FILE_ROWS - 1, SCREEN_FILE_OPEN, no_search,
+    BTN_list_picker(400, 380, file_names[0], file_tags[0], &file_row, 0, FILE_ROWS - 1, SCREEN_FILE_OPEN, no_search,
                     &no_field);
 
-    BTN_push_button(790, 650, 0, 1, "Brief");
-    BTN_push_button(900, 650, 1, 0, "Lit button");
-    BTN_check_button(770, 590, &runways_on, "|Show runways", "Draws the runways of both airports.");
-    BTN_check_button(770, 565, &metric_on, "|Metric units", "");
+    BTN_push_button(860, 650, 0, 1, "Brief");
+    BTN_push_button(960, 650, 1, 0, "Lit button");
+    BTN_check_button(770, 600, &metric_on, "|Metric units", "Shows heights in metres and distances in km.");
+    BTN_check_button(770, 575, &runways_on, "|Show runways", "");
     static const char* const rules[3] = {"|VFR", "|MVFR", "|IFR"};
     for (int32_t k = 0; k < 3; ++k) BTN_choice_button(770, 520 - 20.0f * (float)k, &flight_rules, k, rules[k], "");
     BTN_number_field(66, 850, 420, &altitude, 5, 0, 0, "Cruise altitude|feet", "The planned cruise altitude.");
     BTN_number_field(66, 850, 360, &offset, 3, 1, 1, "Offset|deg", "");
-    BTN_util_draw_label(40, 240, LABEL_LINE, "Aircraft file");
-    BTN_file_button(67, 210, aircraft_name, aircraft_path, 3, "Pick the aircraft.");
+    BTN_util_draw_label(40, 170, LABEL_LINE, "Aircraft file");
+    BTN_file_button(67, 140, aircraft_name, aircraft_path, 3, "Pick the aircraft.");
 }
 
 static void pass_for(float seconds) {
@@ -128,7 +128,7 @@ int main(int argc, char** argv) {
     MACIBM_gl_checks();
     MACIBM_gl_multitexture();
     int32_t sw = 0, sh = 0;
-    if (!OGL_texbmp(BMP_TEXTURE, 300, BMP_MAGENTA_CLEAR, "general_interface", &sw, &sh))
+    if (!OGL_texbmp(BMP_TEXTURE, 300, BMP_MAGENTA_CLEAR, "general_interface.bmp", &sw, &sh))
         fprintf(stderr, "vocalog-widgets-demo: no interface sheet in the bitmaps folder (run vocalog-gen-art)\n");
     bg_color[0] = 58, bg_color[1] = 74, bg_color[2] = 82;
     alert_window_install();
@@ -144,7 +144,7 @@ int main(int argc, char** argv) {
     post_pointer(400, 400);
     pass_for(0.2f);
     for (uint32_t vk : {'K', 'S', 'F', 'O', 'X'}) post_key(vk);  // cut to four in the code field
-    post_pointer(768, 592);  // resting over the check button: its tooltip shows after a second
+    post_pointer(770, 602);  // resting over a check button: its tooltip shows after a second
     pass_for(1.3f);
     want_shot = 0;
     MACIBM_event_pass();

@@ -63,7 +63,7 @@ TEST_F(Screens, OpeningComposesTheScreenColourAndTheIntroPicture) {
     const std::string root = test_temp_dir(), dir = root + "Resources/bitmaps/intro/";
     std::filesystem::create_directories(dir);
     folders_fill(root.c_str(), root.c_str());
-    bmp_write(dir, "german.BMP", {.width = 300, .height = 2, .pixel = [](int32_t x, int32_t) {
+    bmp_write(dir, "german.bmp", {.width = 300, .height = 2, .pixel = [](int32_t x, int32_t) {
                                       return x < 280 ? 0x102030u : 0xFF00FFu;  // magenta lets the colour through
                                   }});
     bg_color[0] = 200.9f, bg_color[1] = 100, bg_color[2] = 50;
@@ -126,10 +126,10 @@ TEST_F(Screens, ProgressLampMovesOneStepPerCallUntilAllAreLit) {
         } else {
             EXPECT_EQ(row.lit.size(), 101u) << call;
         }
-        if (call == 102)  // the cross-fade over the row: glow 0 to 1 on the left half, 1 to 2 on the right
-            for (auto [lamp, fade] : {std::pair(0, std::vector<float>{1, 0, -1}), {25, {0.5f, 0.5f, -1}},
-                                      {50, {-1, 1, 0}}, {75, {-1, 0.5f, 0.5f}}, {100, {-1, 0, 1}}})
-                EXPECT_EQ(row.fades[(size_t)lamp], fade) << lamp;
+        if (call != 102) continue;  // the cross-fade: glow 0 to 1 over the left half, 1 to 2 over the right
+        for (auto [lamp, fade] : {std::pair(0, std::vector<float>{1, 0, -1}), {25, {0.5f, 0.5f, -1}},
+                                  {50, {-1, 1, 0}}, {75, {-1, 0.5f, 0.5f}}, {100, {-1, 0, 1}}})
+            EXPECT_EQ(row.fades[(size_t)lamp], fade) << lamp;
     }
     EXPECT_EQ(ShellInput.key_pressed, 0);
     PlatMessage m;
