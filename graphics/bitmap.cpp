@@ -185,6 +185,7 @@ int32_t OGL_texbmp(int32_t mode, int32_t where, int32_t filter, const char* name
         str_join(folders.path[FOLDER_BITMAPS], name, path);
     path_to_platform(path);
     if (!ends_with_bmp(path)) str_append(path, ".BMP");
+    path_find_case_blind(path);
 
     if (!compose) {
         char line[STR_SIZE];
