@@ -23,7 +23,7 @@
 
 static const char* const usage_text =
     "usage: vocalog-brief --sim DIR --from CODE --to CODE [--aircraft PATH] [--altitude FEET]\n"
-    "                     [--seed N] [--out FILE]\n"
+    "                     [--seed N] [--now HHMM] [--out FILE]\n"
     "\n"
     "Composes a pre-flight weather briefing and prints it (or writes it to FILE).\n"
     "  --sim DIR         simulator folder with Resources/Earth nav data/apt.dat, metar.rwx and\n"
@@ -33,6 +33,7 @@ static const char* const usage_text =
     "  --aircraft PATH   aircraft file (.acf); without it the aircraft is untitled.acf\n"
     "  --altitude FEET   cruise altitude, 0 to 99999 (default 5000)\n"
     "  --seed N          random state, 0 to 4294967295, for a repeatable briefing\n"
+    "  --now HHMM        the current UTC time of day, for a departure report without a time\n"
     "  --out FILE        write the briefing to FILE instead of standard output\n"
     "  --help            show this text\n";
 
@@ -56,6 +57,7 @@ static void fatal_exit() {
 struct Options {
     std::string sim, from, to, aircraft, out;
     bool has_aircraft = false, has_seed = false, has_out = false;
+    int32_t now = -1;  // HHMM, -1: the system clock
     double altitude = 5000.0;
     uint32_t seed = 0;
 };
@@ -78,7 +80,7 @@ static Options parse(int argc, char** argv) {
         size_t eq = arg.find('=');
         std::string name = arg.substr(0, eq);
         if (name != "--sim" && name != "--from" && name != "--to" && name != "--aircraft" &&
-            name != "--altitude" && name != "--seed" && name != "--out")
+            name != "--altitude" && name != "--seed" && name != "--now" && name != "--out")
             usage_error("unknown option '" + arg + "'");
         if (eq != std::string::npos) {
             value = arg.substr(eq + 1);
@@ -108,6 +110,12 @@ static Options parse(int argc, char** argv) {
             if (errno || *end || !std::isfinite(v) || v < 0.0 || v > 99999.0)
                 usage_error("altitude '" + value + "' is not a number of feet from 0 to 99999");
             o.altitude = v;
+        } else if (name == "--now") {
+            bool digits = value.size() == 4 && value.find_first_not_of("0123456789") == std::string::npos;
+            int32_t hhmm = digits ? std::stoi(value) : -1;
+            if (!digits || hhmm / 100 > 23 || hhmm % 100 > 59)
+                usage_error("time '" + value + "' is not a UTC time of day HHMM from 0000 to 2359");
+            o.now = hhmm;
         } else {
             char* end = nullptr;
             errno = 0;
@@ -183,6 +191,7 @@ int main(int argc, char** argv) {
     }
 
     if (o.has_seed) rand_set_state(o.seed);
+    brief_set_clock(o.now);
     brief_compose();
 
     if (o.has_out) {

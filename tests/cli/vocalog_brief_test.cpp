@@ -73,7 +73,8 @@ TEST_F(Brief, UsageErrorsExitWith2) {
         {"--sim", sim, "--to", "KSAF"},  {"--sim", sim, "--from", "KABQ"}, {"--bogus", "1"}, {"--altitude", "100000"},
         {"--altitude", "-1"},            {"--altitude", "high"},           {"--seed", "4294967296"}, {"--seed", "-3"},
         {"--to", "KXXX"},                {"--from", "KABQX"},              {"--aircraft", dir + "none.acf"},
-        {"--sim", dir + "no-such-folder"}, {"--out"},
+        {"--sim", dir + "no-such-folder"}, {"--out"},              {"--now", "2400"}, {"--now", "12:00"},
+        {"--now", "930"},
     };
     for (size_t k = 0; k < rows.size(); ++k)  // from the third row on, after valid options that they replace
         EXPECT_THAT(run(rows[k], k >= 2), MatchesRegex("2\\|\\|vocalog-brief: [^\n]+\n")) << k;
@@ -107,10 +108,11 @@ TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
     std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
     test_write_file(dir + "xdg/Zephyra/", "Corvane 6 Zephyra.prf",
                     sim_prefs({.aircraft_path = acf, .start_code = "KSAF", .local_hours = 10, .cloud_kind = {3, 0}}));
-    // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport.
-    EXPECT_THAT(run({"--seed=1"}),
+    // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport. No report was
+    // decoded, so the departure is the time given for now plus 30 minutes.
+    EXPECT_THAT(run({"--seed=1", "--now=2350"}),
                 testing::AllOf(StartsWith("0|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra. "
-                                          "Estimated time of departure will be 0930 zulu, estimating "),
+                                          "Estimated time of departure will be 0020 zulu, estimating "),
                                HasSubstr("at 900 zulu, Alpha is reporting skies 3300 broken, visibility 10 miles. "),
                                HasSubstr("at 900 zulu, Sierra is reporting skies 3300 broken, "),
                                testing::EndsWith("|")));
