@@ -13,6 +13,7 @@
 StationWeather station_wx;
 char wx_file_path[500];
 float wx_report_time = NAN;
+int32_t wx_last_station = -1;
 
 constexpr size_t WX_LINE_KEEP = 499;  // characters kept of a line
 constexpr size_t WX_LINE_MIN = 11;    // shorter lines (dates, blank lines) are skipped
@@ -106,6 +107,7 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
                   float* visibility, int32_t* wx_kind, int32_t* wx_intensity, float* temperature,
                   float* dewpoint, float* wind_dir, float* wind_speed, float* gust, float* pressure) {
     wx_report_time = NAN;
+    wx_last_station = -1;
     FileStream* fs = &wx_stream;
     if (!wx_file_open(fs)) return -1;
 
@@ -127,5 +129,6 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
     wx_decode(s.best_line, out);
     if (!std::isnan(decoded)) *time = decoded;
     wx_report_time = decoded;
+    wx_last_station = s.best_station;
     return s.best_station;
 }

@@ -30,6 +30,7 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
 // The time group of the report the last lookup decoded, in seconds; NaN when the lookup
 // found no report or the report has no time group.
 extern float wx_report_time;
+extern int32_t wx_last_station;  // what the last lookup returned
 
 // The weather file's path: the program's folder followed by "metar.rwx" (set at start).
 extern char wx_file_path[500];

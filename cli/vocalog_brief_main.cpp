@@ -13,11 +13,13 @@
 #include "briefing/briefing_file.h"
 #include "briefing/composer.h"
 #include "briefing/request.h"
+#include "briefing/weather.h"
 #include "briefing/world.h"
 #include "platform/platform.h"
 #include "base/alert.h"
 #include "util/folders.h"
 #include "util/out_file.h"
+#include "util/paths.h"
 #include "util/random.h"
 #include "util/text.h"
 
@@ -174,7 +176,7 @@ int main(int argc, char** argv) {
     char user[STR_SIZE] = "";
     if (!plat_user_folder(user, sizeof user)) user[0] = 0;
     folders_fill(o.sim.c_str(), user);
-    brief_load_world();
+    const bool weather_file = brief_load_world() == 1;
 
     brief_req.departure = find_airport(o.from);
     brief_req.destination = find_airport(o.to);
@@ -193,6 +195,13 @@ int main(int argc, char** argv) {
     if (o.has_seed) rand_set_state(o.seed);
     brief_set_clock(o.now);
     brief_compose();
+    if (weather_file && wx_last_station < 0) {
+        char path[STR_SIZE];
+        str_copy(wx_file_path, path);
+        path_to_platform(path);
+        fprintf(stderr, "vocalog-brief: warning: no report in '%s' is from an airport of apt.dat; the briefing's "
+                        "weather is not real\n", path);
+    }
 
     if (o.has_out) {
         if (!brief_save(o.out.c_str())) {

@@ -127,3 +127,12 @@ TEST_F(Brief, FoldersAndFilesWithColonsInTheirNames) {
                                HasSubstr("at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered"),
                                testing::EndsWith("|")));
 }
+
+TEST_F(Brief, AWeatherFileWithoutAnAirportsReportWarns) {
+    for (std::string metar : {"\n", "ZZZZ 121856Z 28015KT 10SM 18/12 A3001\n"}) {
+        test_write_file(sim, "metar.rwx", metar);
+        EXPECT_THAT(run({"--seed=1"}), MatchesRegex("0\\|Hello, this is .*\\|vocalog-brief: warning: no report in '" +
+                                                    sim + "metar.rwx' is from an airport of apt.dat[^\n]*\n"))
+            << metar;
+    }
+}
