@@ -12,9 +12,12 @@ uint32_t plat_ticks_ms();
 // The folder of the running executable, with its trailing separator. False when unknown.
 bool plat_program_folder(char* out, size_t size);
 
-// The per-user data folder the suite's programs share, with its trailing separator,
-// created when missing: $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/.
+// The per-user data folder the suite's programs share, with its trailing separator:
+// $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/. Nothing is created here.
 bool plat_user_folder(char* out, size_t size);
+
+// Creates `folder` (ending with its separator) and the folders above it that are missing.
+bool plat_make_folders(const char* folder);
 
 // Calls `each` for every entry of `folder` (platform form, with or without a trailing
 // separator) in the order the system returns them. Returns the number of entries seen,

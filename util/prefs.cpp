@@ -6,6 +6,7 @@
 #include "base/alert.h"
 #include "base/shutdown.h"
 #include "util/file_reader.h"
+#include "util/folders.h"
 #include "util/paths.h"
 #include "util/text.h"
 #include "util/units.h"
@@ -21,6 +22,7 @@ static Text lang_res_file;  // where the shut-down step writes
 
 int32_t fio_save(char* path, int32_t type, int32_t version) {
     path_to_platform(path);
+    folders_make_user_for(path);
     size_t n = strlen(path);
     if (n > 3)
         for (size_t i = n - 3; i < n; ++i) char_lower(&path[i]);
