@@ -70,6 +70,10 @@ void plat_beep();
 // error and returns at once; it never blocks a headless run.
 void plat_message_box(const char* title, const char* text);
 
+// Shows or hides the system's pointer over the window (hidden while the program draws its own).
+void plat_show_pointer(bool shown);
+bool plat_pointer_shown();
+
 // ---- display, window and OpenGL context (platform/sdl; platform/null has no window) ----
 
 // One display mode of the primary display. `fields` names the members the system filled
