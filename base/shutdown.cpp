@@ -5,22 +5,22 @@
 
 int32_t quit_requested = 0;
 
-static ShutdownStep steps[SHUTDOWN_MAX_STEPS];
-static int step_count = 0;
+static ShutdownStep steps[SHUTDOWN_SLOTS];
 
-void shutdown_add_step(ShutdownStep step) {
-    for (int i = 0; i < step_count; ++i)
-        if (steps[i] == step) return;
-    if (step_count < SHUTDOWN_MAX_STEPS) steps[step_count++] = step;
+void shutdown_set_step(ShutdownSlot slot, ShutdownStep step) {
+    if (slot >= 0 && slot < SHUTDOWN_SLOTS) steps[slot] = step;
 }
 
-void shutdown_reset() { step_count = 0; }
+void shutdown_reset() {
+    for (ShutdownStep& s : steps) s = nullptr;
+}
 
 void MACIBM_shutdown() {
     static bool running = false;  // a fatal alert inside a step must not loop
     if (running) return;
     running = true;
-    for (int i = 0; i < step_count; ++i) steps[i]();
+    for (ShutdownStep step : steps)
+        if (step) step();
     MACIBM_log_close();
     running = false;
 }

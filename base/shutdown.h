@@ -4,12 +4,12 @@
 
 extern int32_t quit_requested;  // 1 ends the main loop
 
-// Releases what the shell holds, in order, and closes the log. Safe to call more than once.
+// Runs the shut-down steps in their fixed order (the preferences, the display mode, the
+// window), then closes the log. Safe to call more than once.
 void MACIBM_shutdown();
 
-// A step run by the shut-down before the log closes (preferences, display, window).
-// Steps run in the order they were added; at most SHUTDOWN_MAX_STEPS.
-constexpr int SHUTDOWN_MAX_STEPS = 8;
+// The steps, each set by the part that owns it; an empty step is skipped.
+enum ShutdownSlot : int32_t { SHUTDOWN_PREFS = 0, SHUTDOWN_DISPLAY = 1, SHUTDOWN_WINDOW = 2, SHUTDOWN_SLOTS = 3 };
 using ShutdownStep = void (*)();
-void shutdown_add_step(ShutdownStep step);
-void shutdown_reset();
+void shutdown_set_step(ShutdownSlot slot, ShutdownStep step);  // nullptr empties the slot
+void shutdown_reset();  // every slot empty

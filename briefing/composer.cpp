@@ -25,10 +25,17 @@ static const char* const openers[3][6] = {
      "For your destination, well, "},
 };
 
+static int32_t clock_hhmm = -1;  // the time of day that stands for now; -1: the system clock
+
+void brief_set_clock(int32_t hhmm) { clock_hhmm = hhmm; }
+
 int32_t brief_departure_hhmm(float report_secs) {
     int32_t h, m;
-    if (report_secs > 0.0f) {
+    if (!std::isnan(report_secs)) {
         secs_to_hm(report_secs, &h, &m);
+    } else if (clock_hhmm >= 0) {
+        h = clock_hhmm / 100;
+        m = clock_hhmm % 100;
     } else {
         time_t now = time(nullptr);
         tm utc{};
@@ -105,7 +112,7 @@ void brief_compose() {
 
     str_copy(openers[0][r[0] - 1], q.dep_wx);
     wx_phrase_place(dep_lat, dep_lon, q.dep_wx, PLACE_DEPARTURE);
-    const float departure_report = station_wx.time;
+    const float departure_report = wx_report_time;  // this lookup's own, never an older report's
 
     str_copy(openers[1][r[1] - 1], q.enroute_wx);
     wx_phrase_place((dep_lat + dest_lat) * 0.5f, (dep_lon + dest_lon) * 0.5f, q.enroute_wx, PLACE_MIDPOINT);

@@ -50,7 +50,7 @@ static void phrase_sky(char* p) {
 
 static void phrase_visibility(char* p) {
     const StationWeather& w = station_wx;
-    if (w.visibility <= 0.0f) {
+    if (!(w.visibility > 0.0f) || std::isinf(w.visibility)) {  // also "////SM", which decodes to no number
         str_append(p, "visibility not reported. ");
         return;
     }

@@ -1,6 +1,7 @@
 // The weather lookup: the report of the airport-coded station nearest to a place.
 #include "briefing/weather.h"
 
+#include <cmath>
 #include <cstring>
 
 #include "briefing/airport_index.h"
@@ -11,6 +12,8 @@
 
 StationWeather station_wx;
 char wx_file_path[500];
+float wx_report_time = NAN;
+int32_t wx_last_station = -1;
 
 constexpr size_t WX_LINE_KEEP = 499;  // characters kept of a line
 constexpr size_t WX_LINE_MIN = 11;    // shorter lines (dates, blank lines) are skipped
@@ -103,6 +106,8 @@ bool wx_file_open(FileStream* fs) {
 int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float* cloud_base, float* cloud_top,
                   float* visibility, int32_t* wx_kind, int32_t* wx_intensity, float* temperature,
                   float* dewpoint, float* wind_dir, float* wind_speed, float* gust, float* pressure) {
+    wx_report_time = NAN;
+    wx_last_station = -1;
     FileStream* fs = &wx_stream;
     if (!wx_file_open(fs)) return -1;
 
@@ -118,8 +123,12 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
     fs->state = 0;
     if (s.best_station < 0) return -1;
 
-    WxFields out{time,        cloud_kind, cloud_base, cloud_top,  visibility, wx_kind, wx_intensity,
+    float decoded = NAN;  // stays NaN when the report has no time group
+    WxFields out{&decoded,    cloud_kind, cloud_base, cloud_top,  visibility, wx_kind, wx_intensity,
                  temperature, dewpoint,   wind_dir,   wind_speed, gust,       pressure};
     wx_decode(s.best_line, out);
+    if (!std::isnan(decoded)) *time = decoded;
+    wx_report_time = decoded;
+    wx_last_station = s.best_station;
     return s.best_station;
 }

@@ -27,6 +27,11 @@ int32_t wx_lookup(float lat, float lon, float* time, int32_t* cloud_kind, float*
                   float* visibility, int32_t* wx_kind, int32_t* wx_intensity, float* temperature,
                   float* dewpoint, float* wind_dir, float* wind_speed, float* gust, float* pressure);
 
+// The time group of the report the last lookup decoded, in seconds; NaN when the lookup
+// found no report or the report has no time group.
+extern float wx_report_time;
+extern int32_t wx_last_station;  // what the last lookup returned
+
 // The weather file's path: the program's folder followed by "metar.rwx" (set at start).
 extern char wx_file_path[500];
 

@@ -2,6 +2,8 @@
 #include "briefing/sim_prefs.h"
 #include "briefing/world.h"
 
+#include <cstdio>
+
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
 #include "briefing/request.h"
@@ -48,10 +50,13 @@ int32_t brief_load_world() {
         Text path;
         str_copy(folders.path[FOLDER_SIM_PREFS], path);
         if (!brief_read_sim_prefs(path)) {
+            char where[2 * STR_SIZE];  // the alert keeps the first 499 characters
+            snprintf(where, sizeof where, "I looked for the Zephyra prefs file here: %s", folders.path[FOLDER_SIM_PREFS]);
             MACIBM_fatal("I could not find an Zephyra prefs file or a Metar.rwx weather file!",
                          "In other words, I have no weather to give you a briefing with!",
                          "Download the current weather file from the Zephyra home page, or at least run Zephyra "
-                         "once before you request a briefing!");
+                         "once before you request a briefing!",
+                         where);
         }
     }
     brief_req.altitude = 5000.0f;

@@ -1,30 +1,34 @@
 // vocalog-brief: composes one briefing from the command line and prints what
 // "Vocalog.txt" would hold.
 #include <cerrno>
-#include <cmath>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
 #include "briefing/briefing_file.h"
 #include "briefing/composer.h"
 #include "briefing/request.h"
+#include "briefing/weather.h"
 #include "briefing/world.h"
 #include "cli/brief_sound.h"
 #include "platform/platform.h"
 #include "base/alert.h"
 #include "util/folders.h"
 #include "util/out_file.h"
+#include "util/paths.h"
+#include "util/prefs.h"
 #include "util/random.h"
 #include "util/text.h"
 
 static const char* const usage_text =
     "usage: vocalog-brief --sim DIR --from CODE --to CODE [--aircraft PATH] [--altitude FEET]\n"
-    "                     [--seed N] [--out FILE] [--say-text] [--wav FILE] [--speak]\n"
+    "                     [--seed N] [--now HHMM] [--out FILE] [--say-text] [--wav FILE] [--speak]\n"
     "\n"
     "Composes a pre-flight weather briefing and prints it (or writes it to FILE).\n"
     "  --sim DIR         simulator folder with Resources/Earth nav data/apt.dat, metar.rwx and\n"
@@ -34,7 +38,8 @@ static const char* const usage_text =
     "  --aircraft PATH   aircraft file (.acf); without it the aircraft is untitled.acf\n"
     "  --altitude FEET   cruise altitude, 0 to 99999 (default 5000)\n"
     "  --seed N          random state, 0 to 4294967295, for a repeatable briefing\n"
-    "  --out FILE        write the briefing to FILE instead of standard output\n"
+    "  --now HHMM        the current UTC time of day, for a departure report without a time\n"
+    "  --out FILE        write the briefing to FILE instead of standard output (- is standard output)\n"
     "  --say-text        then print the text the briefing is spoken from\n"
     "  --wav FILE        then write the spoken briefing to FILE (WAV, 16-bit mono)\n"
     "  --speak           then play the spoken briefing\n"
@@ -62,6 +67,7 @@ static void fatal_exit() {
 struct Options {
     std::string sim, from, to, aircraft, out, wav;
     bool has_aircraft = false, has_seed = false, has_out = false, has_wav = false, speak = false, say_text = false;
+    int32_t now = -1;  // HHMM, -1: the system clock
     double altitude = 5000.0;
     uint32_t seed = 0;
 };
@@ -88,7 +94,7 @@ static Options parse(int argc, char** argv) {
         size_t eq = arg.find('=');
         std::string name = arg.substr(0, eq);
         if (name != "--sim" && name != "--from" && name != "--to" && name != "--aircraft" &&
-            name != "--altitude" && name != "--seed" && name != "--out" && name != "--wav")
+            name != "--altitude" && name != "--seed" && name != "--now" && name != "--out" && name != "--wav")
             usage_error("unknown option '" + arg + "'");
         if (eq != std::string::npos) {
             value = arg.substr(eq + 1);
@@ -115,12 +121,20 @@ static Options parse(int argc, char** argv) {
             o.wav = value;
             o.has_wav = true;
         } else if (name == "--altitude") {
-            char* end = nullptr;
-            errno = 0;
-            double v = strtod(value.c_str(), &end);
-            if (errno || *end || !std::isfinite(v) || v < 0.0 || v > 99999.0)
+            // Digits with at most one decimal point: no sign, exponent, hexadecimal or "inf".
+            size_t point = value.find('.');
+            bool decimal = value.find_first_not_of("0123456789.") == std::string::npos && value != "." &&
+                           (point == std::string::npos || value.find('.', point + 1) == std::string::npos);
+            double v = decimal ? strtod(value.c_str(), nullptr) : -1.0;
+            if (!decimal || v > 99999.0)
                 usage_error("altitude '" + value + "' is not a number of feet from 0 to 99999");
             o.altitude = v;
+        } else if (name == "--now") {
+            bool digits = value.size() == 4 && value.find_first_not_of("0123456789") == std::string::npos;
+            int32_t hhmm = digits ? std::stoi(value) : -1;
+            if (!digits || hhmm / 100 > 23 || hhmm % 100 > 59)
+                usage_error("time '" + value + "' is not a UTC time of day HHMM from 0000 to 2359");
+            o.now = hhmm;
         } else {
             char* end = nullptr;
             errno = 0;
@@ -133,8 +147,6 @@ static Options parse(int argc, char** argv) {
     }
     if (!has_from) usage_error("missing --from CODE");
     if (!has_to) usage_error("missing --to CODE");
-    for (const std::string* code : {&o.from, &o.to})
-        if (code->size() > 4) usage_error("airport code '" + *code + "' is longer than 4 characters");
     if (o.sim.empty()) {
         char program[STR_SIZE];
         if (!plat_program_folder(program, sizeof program)) usage_error("cannot find the program's folder; give --sim");
@@ -145,19 +157,28 @@ static Options parse(int argc, char** argv) {
     if (o.sim.size() > 400) usage_error("simulator folder path is too long");
     if (o.has_aircraft) {
         struct stat st{};
-        if (stat(o.aircraft.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
-            usage_error("aircraft file '" + o.aircraft + "' does not exist");
+        if (stat(o.aircraft.c_str(), &st) != 0) usage_error("aircraft file '" + o.aircraft + "' does not exist");
+        if (S_ISDIR(st.st_mode)) usage_error("aircraft '" + o.aircraft + "' is a folder, not an aircraft file");
         if (o.aircraft.size() >= (size_t)STR_SIZE) usage_error("aircraft path is too long");
     }
     return o;
 }
 
+// An airport by its code; like the airport search, only the first 4 characters count.
 static int32_t find_airport(const std::string& code) {
     char buf[5] = {};
-    memcpy(buf, code.data(), code.size());
+    memcpy(buf, code.data(), code.size() < 4 ? code.size() : 4);
     int32_t index = -1;
-    if (!apt_find_code(buf, 1, &index)) usage_error("no airport has the code '" + code + "'");
-    return index;
+    if (apt_find_code(buf, 1, &index)) return index;
+    std::string message = "no airport has the code '" + code + "'";
+    char upper[5];
+    memcpy(upper, buf, sizeof upper);
+    for (char& c : upper) char_upper(&c);
+    if (strcmp(upper, buf) != 0) {
+        message += "; codes are case-sensitive";
+        if (apt_find_code(upper, 1, &index)) message += std::string(": did you mean '") + upper + "'?";
+    }
+    usage_error(message);
 }
 
 // The start-up's clock-dependent skip of random numbers, so runs without --seed differ.
@@ -170,7 +191,38 @@ static void skip_random_by_clock() {
     for (int32_t n = (int32_t)t % 100; n > 0; --n) rand_next();
 }
 
+// A folder and a file name joined, in the platform's form.
+static std::string platform_path(const char* folder, const char* name) {
+    Text path;
+    str_join(folder, name, path);
+    path_to_platform(path);
+    return path;
+}
+
+// Writes the briefing to `out` (standard output when "-"); 0 when written, else 1 after the
+// reason (nothing for a closed pipe: the reader has gone).
+static int write_briefing(const Options& o) {
+    if (o.has_out && o.out != "-") {
+        if (brief_save(o.out.c_str())) return 0;
+        fprintf(stderr, "vocalog-brief: cannot write '%s': %s\n", o.out.c_str(), out_reason(&fio_out));
+        return 1;
+    }
+    static OutFile out;
+    out_attach(&out, stdout);
+    out.visible = isatty(STDOUT_FILENO);  // names and texts of data files never drive the terminal
+    brief_put_paragraphs(&out);
+    out_close(&out);
+    if (out_good(&out)) return 0;
+    if (out.error != EPIPE) fprintf(stderr, "vocalog-brief: cannot write standard output: %s\n", out_reason(&out));
+    return 1;
+}
+
 int main(int argc, char** argv) {
+    if (argc < 2) {
+        fputs(usage_text, stderr);
+        return 2;
+    }
+    signal(SIGPIPE, SIG_IGN);  // a closed pipe is a write error like any other
     Options o = parse(argc, argv);
     alert_set_box(alert_to_stderr);
     alert_set_fatal_end(fatal_exit);
@@ -179,7 +231,12 @@ int main(int argc, char** argv) {
     char user[STR_SIZE] = "";
     if (!plat_user_folder(user, sizeof user)) user[0] = 0;
     folders_fill(o.sim.c_str(), user);
-    brief_load_world();
+    const bool weather_file = brief_load_world() == 1;
+    if (apt_table.airport_count < 0) {
+        fprintf(stderr, "vocalog-brief: '%s' holds no airports\n",
+                platform_path(folders.path[FOLDER_EARTH_NAV], "apt.dat").c_str());
+        return 1;
+    }
 
     brief_req.departure = find_airport(o.from);
     brief_req.destination = find_airport(o.to);
@@ -196,20 +253,12 @@ int main(int argc, char** argv) {
     }
 
     if (o.has_seed) rand_set_state(o.seed);
+    brief_set_clock(o.now);
     brief_compose();
-
-    if (o.has_out) {
-        if (!brief_save(o.out.c_str())) {
-            fprintf(stderr, "vocalog-brief: cannot write '%s'\n", o.out.c_str());
-            return 1;
-        }
-    } else {
-        OutFile out;
-        out_attach(&out, stdout);
-        brief_put_paragraphs(&out);
-        out_close(&out);
-        if (!out_good(&out)) return 1;
-    }
+    if (weather_file && wx_last_station < 0)
+        fprintf(stderr, "vocalog-brief: warning: no report in '%s' is from an airport of apt.dat; the briefing's "
+                        "weather is not real\n", platform_path("", wx_file_path).c_str());
+    if (int32_t written = write_briefing(o); written != 0) return written;
     if (!o.say_text && !o.has_wav && !o.speak) return 0;
     return brief_sound(o.say_text, o.has_wav ? o.wav.c_str() : nullptr, o.speak);
 }

@@ -26,6 +26,7 @@ const char* bmp_path(const char* name, Text path) {
         str_join(folders.path[FOLDER_BITMAPS], name, path);
     path_to_platform(path);
     if (!ends_with_bmp(path)) str_append(path, ".BMP");
+    path_find_case_blind(path);
     return has_app ? name + app_len : name;
 }
 

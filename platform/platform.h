@@ -15,9 +15,12 @@ bool plat_program_folder(char* out, size_t size);
 // The process's working folder, with its trailing separator. False when unknown.
 bool plat_current_folder(char* out, size_t size);
 
-// The per-user data folder the suite's programs share, with its trailing separator,
-// created when missing: $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/.
+// The per-user data folder the suite's programs share, with its trailing separator:
+// $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/. Nothing is created here.
 bool plat_user_folder(char* out, size_t size);
+
+// Creates `folder` (ending with its separator) and the folders above it that are missing.
+bool plat_make_folders(const char* folder);
 
 // Calls `each` for every entry of `folder` (platform form, with or without a trailing
 // separator) in the order the system returns them, "." and ".." included, until `each`
@@ -70,6 +73,10 @@ void plat_beep();
 // returns when the user dismisses it. Without a display it writes the text to standard
 // error and returns at once; it never blocks a headless run.
 void plat_message_box(const char* title, const char* text);
+
+// Shows or hides the system's pointer over the window (hidden while the program draws its own).
+void plat_show_pointer(bool shown);
+bool plat_pointer_shown();
 
 // ---- display, window and OpenGL context (platform/sdl; platform/null has no window) ----
 

@@ -54,6 +54,10 @@ int32_t fio_open(char* path, int32_t type, int32_t version, int32_t warn) {
     s->state = 0;
     bool binary = fio_type_is_binary(type);
     fs_open(s, path, !binary);
+    if (!fs_good(s) && path_find_case_blind(path)) {  // resource names as another system spelled them
+        s->state = 0;
+        fs_open(s, path, !binary);
+    }
     slot_binary[fio_cur_slot] = binary ? 1 : 0;
     if (!fs_good(s)) return 0;
 

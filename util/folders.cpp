@@ -45,7 +45,7 @@ void folders_fill(const char* program_folder, const char* user_folder) {
     folders_reset();
     str_join(user_folder, "Corvane 6 Zephyra.prf", folders.path[FOLDER_SIM_PREFS]);
     str_join(user_folder, "Corvane 6 Language & Res.prf", folders.path[FOLDER_LANG_RES_PREFS]);
-    for (int32_t i = 5; i < 8; ++i) str_copy(user_folder, folders.path[i]);
+    for (int32_t i = FOLDER_USER; i < FOLDER_AIRFOILS; ++i) str_copy(user_folder, folders.path[i]);
     path_set_roots(program_folder, user_folder);
     str_copy(program_folder, folders.path[FOLDER_PROGRAM]);
     str_copy(program_folder, folders.path[FOLDER_CURRENT]);
@@ -61,4 +61,10 @@ int32_t folders_init() {
     if (!ok_user) user[0] = 0;
     folders_fill(program, user);
     return ok_program && ok_user ? 1 : 0;
+}
+
+void folders_make_user_for(const char* path) {
+    const char* user = folders.path[FOLDER_USER];
+    size_t n = strlen(user);
+    if (n && strncmp(path, user, n) == 0) plat_make_folders(user);
 }

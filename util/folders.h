@@ -14,6 +14,7 @@ enum : int32_t {
     FOLDER_CURRENT = 2,
     FOLDER_SIM_PREFS = 3,
     FOLDER_LANG_RES_PREFS = 4,
+    FOLDER_USER = 5,  // the per-user folder itself (entries 5 to 7)
     FOLDER_AIRFOILS = 8,
     FOLDER_WEAPONS = 9,
     FOLDER_AIRCRAFT = 10,
@@ -35,6 +36,10 @@ void folders_reset();  // every entry empty
 // the preference files live in the per-user folder, everything else under the program's.
 void folders_fill(const char* program_folder, const char* user_folder);
 
-// Fills the table from the running program's folder and the per-user folder (created when
-// missing). 0 when either folder cannot be found; the table is then filled as far as known.
+// Fills the table from the running program's folder and the per-user folder. 0 when either
+// folder cannot be found; the table is then filled as far as known.
 int32_t folders_init();
+
+// Creates the per-user folder when `path` lies in it and it is missing: it is made only
+// when a file is saved there, so a run that only reads leaves no trace.
+void folders_make_user_for(const char* path);

@@ -18,6 +18,7 @@ static void fail(OutFile* f, int32_t error) {
 void out_open(OutFile* f, const char* path, bool crlf) {
     f->crlf = crlf;
     f->fixed = false;
+    f->visible = false;
     f->saving = false;
     f->file = nullptr;
     f->error = 0;
@@ -41,6 +42,7 @@ void out_attach(OutFile* f, FILE* stream) {
     f->file = stream;
     f->crlf = false;
     f->fixed = false;
+    f->visible = false;
     f->saving = false;
     f->error = 0;
 }
@@ -82,17 +84,33 @@ void out_bytes(OutFile* f, const void* data, size_t count) {
     }
 }
 
-void out_text(OutFile* f, const char* text) {
-    if (!f->crlf) {
-        out_bytes(f, text, strlen(text));
-        return;
+// A run of text with control characters shown as ^X (ESC as ^[, DEL as ^?), so that text
+// from a data file cannot drive the terminal it is shown on.
+static void out_visible(OutFile* f, const char* text, size_t count) {
+    const char* run = text;
+    for (const char* p = text; p < text + count; ++p) {
+        unsigned char c = (unsigned char)*p;
+        if (c >= 0x20 && c != 0x7f) continue;
+        out_bytes(f, run, (size_t)(p - run));
+        char caret[2] = {'^', (char)(c ^ 0x40)};
+        out_bytes(f, caret, 2);
+        run = p + 1;
     }
+    out_bytes(f, run, (size_t)(text + count - run));
+}
+
+static void out_run(OutFile* f, const char* text, size_t count) {
+    if (f->visible) out_visible(f, text, count);
+    else out_bytes(f, text, count);
+}
+
+void out_text(OutFile* f, const char* text) {
     const char* run = text;
     for (const char* p = text;; ++p) {
         if (*p != '\n' && *p != 0) continue;
-        out_bytes(f, run, (size_t)(p - run));
+        out_run(f, run, (size_t)(p - run));
         if (*p == 0) break;
-        out_bytes(f, "\r\n", 2);
+        out_bytes(f, f->crlf ? "\r\n" : "\n", f->crlf ? 2 : 1);
         run = p + 1;
     }
 }

@@ -14,6 +14,7 @@ struct OutFile {
     uint8_t state = 0;         // FS_ bits; 0 is clean
     bool crlf = false;         // every "\n" written goes out as "\r\n"
     bool fixed = false;        // floats written in fixed-point notation
+    bool visible = false;      // control characters other than "\n" written in caret form ("^[")
     bool saving = false;       // `save` holds the file: it is put in place on close
     int32_t error = 0;         // why the stream failed: an errno value, or PLAT_ERR_NOT_REGULAR
     PlatSave save;

@@ -6,6 +6,7 @@
 #include "base/alert.h"
 #include "base/shutdown.h"
 #include "util/file_reader.h"
+#include "util/folders.h"
 #include "util/paths.h"
 #include "util/text.h"
 #include "util/units.h"
@@ -21,6 +22,7 @@ static Text lang_res_file;  // where the shut-down step writes
 
 int32_t fio_save(char* path, int32_t type, int32_t version) {
     path_to_platform(path);
+    folders_make_user_for(path);
     size_t n = strlen(path);
     if (n > 3)
         for (size_t i = n - 3; i < n; ++i) char_lower(&path[i]);
@@ -56,13 +58,13 @@ int32_t fio_save(char* path, int32_t type, int32_t version) {
 static void lang_res(int32_t direction, int32_t ok) {
     if (ok) {
         if (direction == PREF_READ) {
-            unsigned char rec[20] = {};
-            fio_read_bytes(rec, sizeof rec);
-            disp_width = prefs_take4<float>(rec);
-            disp_height = prefs_take4<float>(rec + 4);
-            disp_bits = prefs_take4<float>(rec + 8);
-            full_screen = prefs_take4<int32_t>(rec + 12);
-            language = prefs_take4<int32_t>(rec + 16);
+            // Field by field: a file cut short keeps the defaults of the fields it lacks.
+            void* const fields[] = {&disp_width, &disp_height, &disp_bits, &full_screen, &language};
+            for (void* field : fields) {
+                unsigned char b[4];
+                if (fs_read(fio_stream(), b, 4) != 4) break;
+                memcpy(field, b, 4);
+            }
         } else {
             unsigned char rec[20];
             memcpy(rec, &saved_disp_width, 4);
@@ -119,5 +121,5 @@ void prefs_init(const char* lang_res_path) {
     disp_bits = 16.0f;
     language = -1;
     str_copy(lang_res_path, lang_res_file);
-    shutdown_add_step(prefs_write_lang_res);
+    shutdown_set_step(SHUTDOWN_PREFS, prefs_write_lang_res);
 }

@@ -119,6 +119,7 @@ void MACIBM_gl_checks() {
                      "The list of cards known to work with Zephyra is on the Zephyra home page.", ALERT_NOTE);
 
     sw_cursor = needs_sw_cursor(GlCaps.renderer);
+    plat_show_pointer(sw_cursor == 0);  // never two pointers: the drawn one replaces the system's
     GlCaps.renderer[4 < strlen(GlCaps.renderer) ? 4 : strlen(GlCaps.renderer)] = 0;  // kept cut, as checked
     default_state();
 }

@@ -28,7 +28,7 @@ int32_t MACIBM_set_fullscreen(int32_t on) {
         plat_display_restore();
         return 1;
     }
-    shutdown_add_step(window_release);
+    shutdown_set_step(SHUTDOWN_DISPLAY, display_release);
     PlatDisplayMode mode{};
     for (int32_t i = 0; plat_display_mode(i, &mode); ++i)
         if (window_mode_fits(&mode)) return plat_display_switch(&mode) ? 1 : 0;  // the first one only
@@ -46,7 +46,8 @@ void window_set_proc(WindowProcFn proc) { window_proc = proc; }
 
 int32_t MACIBM_open_window() {
     if (!plat_window_create((int32_t)disp_width, (int32_t)disp_height, (int32_t)disp_bits & 0xFF)) return 0;
-    shutdown_add_step(window_release);
+    shutdown_set_step(SHUTDOWN_DISPLAY, display_release);
+    shutdown_set_step(SHUTDOWN_WINDOW, window_release);
     PlatMessage msg;
     while (window_created == 0 && plat_peek_message(&msg))
         if (window_proc) window_proc(plat_window_handle(), msg.message, msg.wparam, msg.lparam);
@@ -62,8 +63,9 @@ int32_t MACIBM_open_window() {
     return 1;
 }
 
+void display_release() { MACIBM_set_fullscreen(0); }
+
 void window_release() {
-    MACIBM_set_fullscreen(0);
     OGL_set_swap(nullptr);
     plat_window_close();
 }
@@ -74,9 +76,8 @@ void MACIBM_graphics_failure() {
     fio_save(path, FILE_TYPE_PREFS, -999);
     out_close(&fio_out);
     // The shut-down must not write the preferences over the reset file: only the display
-    // and window release stays.
-    shutdown_reset();
-    shutdown_add_step(window_release);
+    // and window releases stay.
+    shutdown_set_step(SHUTDOWN_PREFS, nullptr);
     MACIBM_fatal("I could not set up the graphics for Zephyra! I hope your monitor is at 1024x768 or higher! It must "
                  "be!",
                  "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "

@@ -28,7 +28,8 @@ int32_t MACIBM_open_window();
 // header of version -999 (so the next start keeps the defaults), then the fatal alert.
 [[noreturn]] void MACIBM_graphics_failure();
 
-// The shut-down step: normal display mode, then the context and the window destroyed.
+// The shut-down steps: the normal display mode back; the context and the window destroyed.
+void display_release();
 void window_release();
 
 void window_reset();  // window_created back to 0

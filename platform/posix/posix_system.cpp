@@ -2,6 +2,7 @@
 #include "platform/platform.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,8 +29,10 @@ bool plat_program_folder(char* out, size_t size) {
     return true;
 }
 
-// mkdir -p for a path that ends with '/'.
-static bool make_folders(char* path) {
+bool plat_make_folders(const char* folder) {
+    char path[PATH_MAX];
+    if (strlen(folder) >= sizeof path) return false;
+    strcpy(path, folder);
     for (char* p = path + 1; *p; ++p) {
         if (*p != '/') continue;
         *p = 0;
@@ -57,8 +60,7 @@ bool plat_user_folder(char* out, size_t size) {
         n = snprintf(out, size, "%s/.local/share/Zephyra/", home);
     else
         return false;
-    if (n < 0 || (size_t)n >= size) return false;
-    return make_folders(out);
+    return n >= 0 && (size_t)n < size;
 }
 
 int plat_list_folder(const char* folder, PlatListFn each, void* ctx) {

@@ -1,4 +1,4 @@
-// The SDL layer's beep and system message box.
+// The SDL layer's beep, system message box and the system pointer.
 #include <SDL.h>
 
 #include <cstdio>
@@ -22,3 +22,9 @@ void plat_message_box(const char* title, const char* text) {
     fprintf(stderr, "%s\n", text);
     fflush(stderr);
 }
+
+void plat_show_pointer(bool shown) {
+    if (sdl_video_up()) SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE);
+}
+
+bool plat_pointer_shown() { return sdl_video_up() && SDL_ShowCursor(SDL_QUERY) == SDL_ENABLE; }

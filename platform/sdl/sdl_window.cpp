@@ -31,11 +31,16 @@ bool plat_display_present() {
     return !offscreen || (asked && SDL_strcmp(asked, "1") == 0);
 }
 
+int32_t sdl_mode_bits(uint32_t format) {
+    int32_t bytes = SDL_BYTESPERPIXEL(format);
+    return SDL_ISPIXELFORMAT_FOURCC(format) || bytes == 0 ? (int32_t)SDL_BITSPERPIXEL(format) : bytes * 8;
+}
+
 bool plat_display_mode(int32_t index, PlatDisplayMode* mode) {
     if (!sdl_video_up() || index < 0 || index >= SDL_GetNumDisplayModes(0)) return false;
     SDL_DisplayMode m{};
     if (SDL_GetDisplayMode(0, index, &m) != 0) return false;
-    int bits = (int)SDL_BITSPERPIXEL(m.format);
+    int bits = sdl_mode_bits(m.format);
     mode->fields = (m.w > 0 ? PLAT_MODE_WIDTH : 0u) | (m.h > 0 ? PLAT_MODE_HEIGHT : 0u) |
                    (bits > 0 ? PLAT_MODE_BITS : 0u);
     mode->width = m.w;
@@ -52,7 +57,7 @@ bool plat_display_switch(const PlatDisplayMode* mode) {
     for (int i = 0, n = SDL_GetNumDisplayModes(0); i < n; ++i) {
         SDL_DisplayMode m{};
         if (SDL_GetDisplayMode(0, i, &m) != 0) continue;
-        if (m.w == mode->width && m.h == mode->height && (int)SDL_BITSPERPIXEL(m.format) == mode->bits &&
+        if (m.w == mode->width && m.h == mode->height && sdl_mode_bits(m.format) == mode->bits &&
             (mode->refresh_hz == 0 || m.refresh_rate == mode->refresh_hz)) {
             pending_mode = m;
             mode_pending = true;

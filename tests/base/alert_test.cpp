@@ -40,9 +40,23 @@ TEST(AlertDeathTest, FatalShowsTheBoxRunsTheShutDownAndExitsZero) {
     EXPECT_EXIT(
         {
             MACIBM_log_open((dir + "Error.out").c_str());
-            shutdown_add_step([] { fprintf(stderr, "shut down with quit %d\n", quit_requested); });
+            shutdown_set_step(SHUTDOWN_PREFS, [] { fprintf(stderr, "shut down with quit %d\n", quit_requested); });
             MACIBM_alert(0, "A", "", "", "B", ALERT_FATAL);
         },
         testing::ExitedWithCode(0), testing::HasSubstr("A\n\n\n\n\n\nB\nshut down with quit 1\n"));
     EXPECT_EQ(test_read_file(dir + "Error.out"), "A\n\n\nB\n");
+}
+
+// The steps run in their fixed order whatever order they were set in, the log still open, and
+// the log closes last.
+TEST(Shutdown, PreferencesDisplayWindowThenTheLog) {
+    static S order;
+    order.clear();
+    MACIBM_log_open((test_temp_dir() + "Error.out").c_str());
+    shutdown_set_step(SHUTDOWN_WINDOW, [] { order += MACIBM_log_is_open() ? "window " : "window(no log) "; });
+    shutdown_set_step(SHUTDOWN_DISPLAY, [] { order += MACIBM_log_is_open() ? "display " : "display(no log) "; });
+    shutdown_set_step(SHUTDOWN_PREFS, [] { order += MACIBM_log_is_open() ? "prefs " : "prefs(no log) "; });
+    MACIBM_shutdown();
+    EXPECT_EQ(order + (MACIBM_log_is_open() ? "log open" : "log closed"), "prefs display window log closed");
+    shutdown_reset();
 }

@@ -2,6 +2,7 @@
 // and the menu commands that write the briefing file.
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
@@ -68,18 +69,30 @@ TEST_F(Composer, IntroductionRules) {
 }
 
 TEST_F(Composer, DepartureTimeIsTheDepartureReportPlus30Minutes) {
-    const float rows[][2] = {{68160, 1926}, {85500, 15}, {79200, 2230}, {1800, 100}, {86400, 30}, {3540, 129}};
+    const float rows[][2] = {{68160, 1926}, {85500, 15}, {79200, 2230}, {1800, 100}, {86400, 30}, {0, 30}};
     for (const auto& r : rows) EXPECT_EQ(brief_departure_hhmm(r[0]), r[1]) << r[0];
     auto now_plus = [](time_t t) { return gmtime(&t)->tm_hour * 100 + gmtime(&t)->tm_min; };
     time_t before = time(nullptr) + 30 * 60;  // no report time: the current UTC time of day plus 30 minutes
-    int32_t got = brief_departure_hhmm(0.0f);
+    int32_t got = brief_departure_hhmm(NAN);
     EXPECT_TRUE(got == now_plus(before) || got == now_plus(time(nullptr) + 30 * 60)) << got;
 
-    // Written with four digits, from the departure paragraph's report of the same briefing.
-    test_write_file(dir, "metar.rwx", "AAAA 122345Z 27010KT 9999 15/05 Q1013\nBBBB 121200Z 27010KT 9999 Q1013\n");
-    brief_compose();
-    EXPECT_THAT(brief_req.intro, HasSubstr("will be 0015 zulu, at 5000 feet"));
-    EXPECT_THAT(brief_req.dest_wx, HasSubstr("at 1200 zulu, Bravo"));
+    // Only this briefing's departure report counts: a report without a time group, or none at
+    // all, takes the clock (set here), never the time an earlier report left.
+    brief_set_clock(2345);
+    const struct { const char *weather, *departs; } briefings[] = {
+        {"AAAA 122345Z 27010KT 9999 15/05 Q1013\nBBBB 121200Z 27010KT 9999 Q1013\n", "0015"},
+        {"AAAA 27010KT 9999 15/05 Q1013\nBBBB 121200Z 27010KT 9999 Q1013\n", "0015"},
+        {"BBBB 121200Z 27010KT 9999 Q1013\n", "1230"},   // Bravo's report stands for Alpha's place: its time
+        {"CCCC 121200Z 27010KT 9999 Q1013\n", "0015"},   // no station at all
+        {"AAAA 120000Z 27010KT 9999 15/05 Q1013\n", "0030"},  // midnight is a time
+    };
+    for (const auto& b : briefings) {
+        test_write_file(dir, "metar.rwx", b.weather);
+        brief_compose();
+        brief_compose();  // the second briefing starts with the destination's time of the first
+        EXPECT_THAT(brief_req.intro, HasSubstr(std::string("will be ") + b.departs + " zulu, at 5000 feet")) << b.weather;
+    }
+    brief_set_clock(-1);
 }
 
 // Three draws choose the openers, then each paragraph draws its lead-in choice: six draws in all.

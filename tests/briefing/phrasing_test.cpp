@@ -49,12 +49,16 @@ TEST_F(Phrasing, SkyVisibilityAndWeather) {
         {18520, 1, 1, -3, "10 miles in light  snow. "},            {18520, 1, 0, 1, "10 miles rain. "},
         {18520, 2, 1, 5, "10 miles in light thunderstorms. "},     {18520, 2, 2, 5, "10 miles in thunderstorms. "},
         {18520, 2, 3, 5, "10 miles in severe thunderstorms. "},    {3000, -99, 0, 5, "2 miles in haze. "},
+        {NAN, 0, 0, 5, "not reported. Ah, "},                      {INFINITY, 0, 0, 5, "not reported. Ah, "},
     };
     for (const auto& r : rows) {
         station_wx.visibility = r.vis, station_wx.wx_kind = r.kind;
         station_wx.wx_intensity = r.intensity, station_wx.temperature = r.temp;
         EXPECT_THAT(phrase(1), HasSubstr(std::string(" is reporting clear skies, visibility ") + r.expect)) << r.expect;
     }
+    test_write_file(dir, "metar.rwx", "KOAK 121856Z 20010KT ////SM 15/05 A2992\n");  // visibility missing
+    EXPECT_THAT(phrase(1), HasSubstr("Oakland Intl is reporting clear skies, visibility not reported. Ah, "));
+    remove((dir + "metar.rwx").c_str());
     const struct { int32_t k0; float b0; int32_t k1; float b1; const char* expect; } skies[] = {
         {3, 1524, 4, 3048, "5000 broken, 10000 overcast, "},    {0, 0, 2, 600, "2000 scattered, "},  // 1968.5 ft
         {1, 30479.7f, 0, 0, "100000"},                  {4, 0.3048f * 149, 0, 0, "100 overcast, "},

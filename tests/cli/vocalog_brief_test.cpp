@@ -5,7 +5,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
 
 #include "platform/platform.h"
 #include "tests/support/sim_files.h"
@@ -39,15 +43,18 @@ class Brief : public testing::Test {
     // with the environment settings `env` ("NAME=value ..."); without `with_errors` only the code and
     // standard output.
     // The result: the exit code, "|", standard output, "|", standard error.
+    // `to` redirects standard output elsewhere (a shell redirection); "out" then stays empty.
     std::string run(std::vector<std::string> args, bool base = true, const std::string& env = "",
-                    bool with_errors = true) {
+                    bool with_errors = true, std::string to = "") {
         if (base) args.insert(args.begin(), {"--sim", sim, "--from", "KABQ", "--to", "KSAF"});
         char here[4096];
         if (!plat_program_folder(here, sizeof here)) here[0] = 0;
         auto quote = [](const std::string& s) { return "'" + s + "'"; };  // the paths hold no quote
         std::string cmd = env + " XDG_DATA_HOME=" + quote(dir + "xdg") + " " + quote(std::string(here) + "vocalog-brief");
         for (const std::string& a : args) cmd += " " + quote(a);
-        int status = std::system((cmd + " >" + quote(dir + "out") + " 2>" + quote(dir + "err")).c_str());
+        test_write_file(dir, "out", "");
+        if (to.empty()) to = ">" + quote(dir + "out");
+        int status = std::system((cmd + " " + to + " 2>" + quote(dir + "err")).c_str());
         std::string r = std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "|" + test_read_file(dir + "out");
         return with_errors ? r + "|" + test_read_file(dir + "err") : r;
     }
@@ -77,8 +84,9 @@ TEST_F(Brief, UsageErrorsExitWith2) {
     const std::vector<std::vector<std::string>> rows = {
         {"--sim", sim, "--to", "KSAF"},  {"--sim", sim, "--from", "KABQ"}, {"--bogus", "1"}, {"--altitude", "100000"},
         {"--altitude", "-1"},            {"--altitude", "high"},           {"--seed", "4294967296"}, {"--seed", "-3"},
-        {"--to", "KXXX"},                {"--from", "KABQX"},              {"--aircraft", dir + "none.acf"},
-        {"--sim", dir + "no-such-folder"}, {"--out"},
+        {"--to", "KXXX"},                {"--from", "kabq"},               {"--aircraft", dir + "none.acf"},
+        {"--sim", dir + "no-such-folder"}, {"--out"},              {"--now", "2400"}, {"--now", "12:00"},
+        {"--now", "930"},
     };
     for (size_t k = 0; k < rows.size(); ++k)  // from the third row on, after valid options that they replace
         EXPECT_THAT(run(rows[k], k >= 2), MatchesRegex("2\\|\\|vocalog-brief: [^\n]+\n")) << k;
@@ -105,17 +113,21 @@ TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
                        "follows:\n" + apt + "\nMake sure the file listed above is available in the path listed above!\n"
                            "File-scanning error!\nfile:\n" + apt + "\n");
     folder({{"KABQ", "Alpha", 0, 0}, {"KSAF", "Sierra", 1, 1}}, "");  // no weather file, no preferences
-    EXPECT_THAT(run({}), StartsWith("1||I could not find an Zephyra prefs file or a Metar.rwx weather file!\n"
-                                    "In other words, I have no weather to give you a briefing with!\n"));
+    EXPECT_THAT(run({}), testing::AllOf(StartsWith("1||I could not find an Zephyra prefs file or a Metar.rwx weather "
+                                                   "file!\nIn other words, I have no weather to give you a briefing "
+                                                   "with!\n"),
+                                        testing::EndsWith("\nI looked for the Zephyra prefs file here: " + dir +
+                                                          "xdg/Zephyra/Corvane 6 Zephyra.prf\n")));
     // The simulator's preferences in the per-user folder: its aircraft, and its weather for every place.
     std::filesystem::create_directories(dir + "xdg/Zephyra");
     std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
     test_write_file(dir + "xdg/Zephyra/", "Corvane 6 Zephyra.prf",
                     sim_prefs({.aircraft_path = acf, .start_code = "KSAF", .local_hours = 10, .cloud_kind = {3, 0}}));
-    // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport.
-    EXPECT_THAT(run({"--seed=1"}),
+    // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport. No report was
+    // decoded, so the departure is the time given for now plus 30 minutes.
+    EXPECT_THAT(run({"--seed=1", "--now=2350"}),
                 testing::AllOf(StartsWith("0|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra. "
-                                          "Estimated time of departure will be 0930 zulu, estimating "),
+                                          "Estimated time of departure will be 0020 zulu, estimating "),
                                HasSubstr("at 900 zulu, Alpha is reporting skies 3300 broken, visibility 10 miles. "),
                                HasSubstr("at 900 zulu, Sierra is reporting skies 3300 broken, "),
                                testing::EndsWith("|")));
@@ -193,4 +205,72 @@ TEST_F(Brief, FoldersAndFilesWithColonsInTheirNames) {
                 testing::AllOf(StartsWith("0|Hello, this is N172SP, a a:b, planning a flight from Albuquerque Intl"),
                                HasSubstr("at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered"),
                                testing::EndsWith("|")));
+}
+
+TEST_F(Brief, AWeatherFileWithoutAnAirportsReportWarns) {
+    for (std::string metar : {"\n", "ZZZZ 121856Z 28015KT 10SM 18/12 A3001\n"}) {
+        test_write_file(sim, "metar.rwx", metar);
+        EXPECT_THAT(run({"--seed=1"}), MatchesRegex("0\\|Hello, this is .*\\|vocalog-brief: warning: no report in '" +
+                                                    sim + "metar.rwx' is from an airport of apt.dat[^\n]*\n"))
+            << metar;
+    }
+}
+
+TEST_F(Brief, CommandLineEdges) {
+    std::string fifo = dir + "fifo", ro = test_write_file(dir, "ro.txt", "kept"), empty = dir + "empty/";
+    mkfifo(fifo.c_str(), 0644);
+    chmod(ro.c_str(), 0444);
+    std::filesystem::create_directories(empty + "Resources/Earth nav data");
+    test_write_file(empty + "Resources/Earth nav data/", "apt.dat", "I\n600 version\n99\n");
+    test_write_file(empty, "metar.rwx", "KABQ 121856Z 28015KT 10SM 18/12 A3001\n");
+    int pipe_fds[2];
+    ASSERT_EQ(pipe(pipe_fds), 0);
+    close(pipe_fds[0]);  // a reader that has gone
+    const std::string usage_error = "2\\|\\|vocalog-brief: ", ok = "0\\|Hello, this is , a untitled, planning a flight ";
+    const struct { std::vector<std::string> args; bool base; std::string to, want; } rows[] = {
+        {{}, false, "", "2\\|\\|usage: vocalog-brief --sim DIR .*"},
+        {{"--from", "KABQX"}, true, "", ok + "from Albuquerque Intl to Santa Fe Muni.*\\|"},
+        {{"--from", "kabq"}, true, "", usage_error + "no airport has the code 'kabq'; codes are case-sensitive: did "
+                                                   "you mean 'KABQ'[?] [(]see --help[)]\n"},
+        {{"--to", "ksafe"}, true, "", usage_error + "[^\n]*'ksafe'; codes are case-sensitive: did you mean 'KSAF'[?] .*"},
+        {{"--sim", empty, "--from", "KABQ", "--to", "KSAF"}, false, "",
+         "1\\|\\|vocalog-brief: '" + empty + "Resources/Earth nav data/apt.dat' holds no airports\n"},
+        {{"--aircraft", sim + "Aircraft"}, true, "", usage_error + "aircraft '" + sim + "Aircraft' is a folder, not an "
+                                                                   "aircraft file [(]see --help[)]\n"},
+        {{"--out", fifo}, true, "", "1\\|\\|vocalog-brief: cannot write '" + fifo + "': not a regular file\n"},
+        {{"--out", ro}, true, "", "1\\|\\|vocalog-brief: cannot write '" + ro + "': Permission denied\n"},
+        {{}, true, ">/dev/full", "1\\|\\|vocalog-brief: cannot write standard output: No space left on device\n"},
+        {{}, true, ">&" + std::to_string(pipe_fds[1]), "1\\|\\|"},  // a closed pipe: quietly, not by a signal
+        {{"--out", "-", "--altitude", "5500.5"}, true, "", ok + ".* at 5500 feet, .*\\|"},
+        {{"--altitude", "1e3"}, true, "", usage_error + "altitude '1e3' .*"},
+        {{"--altitude", "0x10"}, true, "", usage_error + "altitude .*"},
+        {{"--altitude", "+5"}, true, "", usage_error + "altitude .*"},
+        {{"--altitude", "inf"}, true, "", usage_error + "altitude .*"},
+        {{"--altitude", "1.2.3"}, true, "", usage_error + "altitude .*"},
+    };
+    for (const auto& r : rows) EXPECT_THAT(run(r.args, r.base, "", true, r.to), MatchesRegex(r.want)) << r.want;
+    close(pipe_fds[1]);
+    EXPECT_EQ(test_read_file(ro), "kept");
+    EXPECT_FALSE(std::filesystem::exists(dir + "xdg/Zephyra"));  // runs that only read leave no per-user folder
+}
+
+// Names and texts of the data files reach a terminal with their control characters shown, and
+// a file with its bytes.
+TEST_F(Brief, ControlCharactersAreShownOnATerminalOnly) {
+    folder({{"KABQ", "Evil\x1b]0;owned\x07 Field", 35.04f, -106.61f}, {"KSAF", "Santa Fe Muni", 35.49f, -106.01f}},
+           "KABQ 121856Z 28015KT 10SM 18/12 A3001\n");
+    int master = -1, slave = -1;
+    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+    termios raw{};
+    tcgetattr(slave, &raw);
+    cfmakeraw(&raw);
+    tcsetattr(slave, TCSANOW, &raw);
+    EXPECT_THAT(run({"--seed=1"}, true, "", true, ">&" + std::to_string(slave)), StartsWith("0||"));
+    close(slave);
+    char shown[4096];
+    ssize_t n = read(master, shown, sizeof shown);
+    close(master);
+    EXPECT_THAT(std::string(shown, n > 0 ? (size_t)n : 0), HasSubstr("flight from Evil^[]0;owned^G Field to"));
+    EXPECT_THAT(run({"--seed=1", "--out", dir + "b.txt"}), StartsWith("0||"));
+    EXPECT_THAT(test_read_file(dir + "b.txt"), HasSubstr("flight from Evil\x1b]0;owned\x07 Field to"));
 }

@@ -64,9 +64,14 @@ TEST_F(Bitmap, PathsProgressAndTheCheckerboardOfAMissingFile) {
     EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 401, BMP_RGB, full.c_str(), nullptr, nullptr), 1);
     EXPECT_EQ(last_progress, "Loading bitmap Resources:bitmaps:pic.bmp.");
 
-    int32_t w = 0, h = 0;  // "pic" looks for pic.BMP, which is not there
+    int32_t w = 0, h = 0;  // "pic" looks for pic.BMP and finds pic.bmp; folders too are found case-blind
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 403, BMP_RGB, "pic", &w, &h), 1);
+    EXPECT_EQ(w + h, 4);
+    std::filesystem::create_directories(dir + "intro");
+    bmp_write(dir + "intro/", "english.bmp", {.width = 2, .height = 2});
+    EXPECT_EQ(OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "Intro:English", nullptr, nullptr), 1);
     EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, 402, BMP_RGB, "gone", nullptr, nullptr), 0);  // in RGB
-    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "pic", &w, &h), 0);
+    EXPECT_EQ(OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "gone", &w, &h), 0);
     EXPECT_TRUE(w == 16 && h == 16 && gl.upload(TEX_SHEET, 0)->height == 16 && gl.upload(TEX_SHEET, 0)->format == GL_RGBA);
     for (int t = 0; t < 256; ++t) {
         const int g = (t % 16 + t / 16) % 2 ? 200 : 100;
@@ -76,8 +81,8 @@ TEST_F(Bitmap, PathsProgressAndTheCheckerboardOfAMissingFile) {
     EXPECT_EQ(gl.tex_params[TEX_SHEET],
               (std::map<GLenum, GLint>{{GL_TEXTURE_MIN_FILTER, GL_NEAREST}, {GL_TEXTURE_MAG_FILTER, GL_NEAREST},
                                        {GL_TEXTURE_WRAP_S, GL_CLAMP}, {GL_TEXTURE_WRAP_T, GL_CLAMP}}));
-    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "intro:english", &w, &h), testing::ExitedWithCode(0),
-                fatal_text("Can't open bitmap!", dir + "intro/english.BMP"));
+    EXPECT_EXIT(OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "intro:korean", &w, &h), testing::ExitedWithCode(0),
+                fatal_text("Can't open bitmap!", dir + "intro/korean.BMP"));
 }
 
 TEST_F(Bitmap, RowsDropTheirPaddingAndTurnIntoTexels) {

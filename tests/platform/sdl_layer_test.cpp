@@ -8,6 +8,7 @@
 
 #include "platform/platform.h"
 #include "platform/sdl/sdl_keys.h"
+#include "platform/sdl/sdl_video.h"
 
 namespace {
 
@@ -35,6 +36,18 @@ TEST(SdlLayer, DisplayModesNameOnlyTheFieldsTheyKnow) {
     EXPECT_GE(count, 1);
     PlatDisplayMode odd{PLAT_MODE_WIDTH | PLAT_MODE_HEIGHT | PLAT_MODE_BITS, 1000, 700, 16, 0};
     EXPECT_FALSE(plat_display_switch(&odd));
+    // Depths as the saved preference means them: a mode of 4 bytes a pixel is 32 bits deep.
+    const std::pair<uint32_t, int32_t> depths[] = {{SDL_PIXELFORMAT_RGB888, 32}, {SDL_PIXELFORMAT_ARGB8888, 32},
+                                                   {SDL_PIXELFORMAT_RGB24, 24},  {SDL_PIXELFORMAT_RGB565, 16},
+                                                   {SDL_PIXELFORMAT_RGB555, 16}};
+    for (auto [format, bits] : depths) EXPECT_EQ(sdl_mode_bits(format), bits) << SDL_GetPixelFormatName(format);
+}
+
+TEST(SdlLayer, TheSystemPointerHidesAndShows) {
+    for (bool shown : {false, true}) {
+        plat_show_pointer(shown);
+        EXPECT_EQ(plat_pointer_shown(), shown);
+    }
 }
 
 TEST(SdlLayer, WindowWithAContextTurnsEventsIntoMessages) {

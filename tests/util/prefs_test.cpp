@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <cstring>
+#include <tuple>
 #include <sys/stat.h>
 
 #include "briefing/sim_prefs.h"
@@ -116,6 +117,20 @@ TEST_F(Prefs, LanguageAndResolutionRoundTrip) {
     saved_disp_width = 1280.0f, saved_disp_height = 1024.0f, saved_disp_bits = 32.0f, language = 3;
     MACIBM_shutdown();
     EXPECT_EQ(test_read_file(dir + "lr.prf"), lang_res_bytes(1280, 1024, 32, 1, 3));
+}
+
+// A file cut short keeps the default of every field whose 4 bytes are not all there: with no
+// language the language chooser still shows.
+TEST_F(Prefs, ACutLanguageAndResolutionFileKeepsTheDefaultsItLacks) {
+    const std::string whole = lang_res_bytes(1280, 1024, 32, 0, 2);
+    const struct { size_t bytes; float bits; int32_t full, lang; } rows[] = {
+        {25, 32, 0, 2}, {24, 32, 0, -1}, {21, 32, 0, -1}, {19, 32, 1, -1}, {13, 16, 1, -1}, {5, 16, 1, -1},
+    };
+    for (const auto& r : rows) {
+        SetUp();
+        EXPECT_EQ(prefs(PREF_LANG_RES, PREF_READ, test_write_file(dir, "cut.prf", whole.substr(0, r.bytes))), 1);
+        EXPECT_EQ((std::tuple{disp_bits, full_screen, language}), (std::tuple{r.bits, r.full, r.lang})) << r.bytes;
+    }
 }
 
 TEST_F(Prefs, SimulatorRecordAndItsConversions) {

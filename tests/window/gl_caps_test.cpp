@@ -9,6 +9,7 @@
 #include "base/alert.h"
 #include "window/gl_caps.h"
 #include "base/log.h"
+#include "platform/platform.h"
 #include "tests/support/gl_recorder.h"
 #include "tests/support/test_files.h"
 
@@ -66,6 +67,7 @@ TEST_F(Caps, SoftwarePointerAndRendererWarning) {
         gl_rec().renderer = renderer;
         MACIBM_gl_checks();
         EXPECT_EQ(sw_cursor, sw) << renderer;
+        EXPECT_EQ(plat_pointer_shown(), sw == 0) << renderer;
         EXPECT_EQ(alerts, std::vector<std::string>(warned, warning)) << renderer;
     }
 }

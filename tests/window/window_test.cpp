@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/platform.h"
+#include "base/shutdown.h"
 #include "util/folders.h"
 #include "window/window.h"
 #include "tests/support/test_files.h"
@@ -48,12 +49,17 @@ TEST(WindowDeathTest, GraphicsFailureResetsThePreferencesAndEnds) {
 }
 
 // The paths under the program folder are checked by the command-line tool's tests.
-TEST(Folders, InitCreatesThePerUserFolder) {
-    std::string home = test_temp_dir();
+TEST(Folders, ThePerUserFolderIsMadeOnlyWhenAFileIsSavedThere) {
+    std::string home = test_temp_dir(), before = getenv("XDG_DATA_HOME");
     setenv("XDG_DATA_HOME", (home + "data").c_str(), 1);
     ASSERT_EQ(folders_init(), 1);
+    setenv("XDG_DATA_HOME", before.c_str(), 1);
     struct stat st{};
-    EXPECT_EQ(stat((home + "data/Zephyra").c_str(), &st), 0);
+    EXPECT_NE(stat((home + "data/Zephyra").c_str(), &st), 0);  // reading leaves no trace
     EXPECT_EQ(std::string(folders.path[FOLDER_SIM_PREFS]), home + "data/Zephyra/Corvane 6 Zephyra.prf");
     EXPECT_NE(std::string(folders.path[FOLDER_PROGRAM]), "");
+    prefs_init(folders.path[FOLDER_LANG_RES_PREFS]);
+    prefs_write_lang_res();
+    EXPECT_EQ(stat(folders.path[FOLDER_LANG_RES_PREFS], &st), 0);
+    shutdown_reset();
 }
