@@ -23,6 +23,8 @@ struct TooltipBox {
     float x, y, w, h;
 };
 TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y);
+// Whether the tooltip shows: a help text, and the pointer at rest for more than a second.
+bool tooltip_due(const char* help_text, float elapsed_secs, float last_activity);
 
 // The pause after a pass: the idle interval once the last message is more than
 // PASS_IDLE_AFTER_SECS old and the frame was not animated, else the active one.
