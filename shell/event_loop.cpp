@@ -109,6 +109,10 @@ TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y) {
     return b;
 }
 
+bool tooltip_due(const char* help_text, float elapsed_secs, float last_activity) {
+    return help_text[0] && elapsed_secs - last_activity > 1.0f;
+}
+
 static void pulse_palette(float t) {
     float a = 0.8f + 0.2f * sinf(10.0f * t);
     float b = 0.7f + 0.3f * sinf(25.0f * t);
@@ -177,7 +181,7 @@ static void run_pass() {
     }
     if (cur_screen == SCREEN_MAIN || open_menu >= 0) MACIBM_draw_menus();
     if (sw_cursor) draw_pointer();
-    if (ShellInput.help_text[0] && ShellInput.elapsed_secs - ShellInput.last_activity > 1.0f) draw_tooltip();
+    if (tooltip_due(ShellInput.help_text, ShellInput.elapsed_secs, ShellInput.last_activity)) draw_tooltip();
     OGL_swap_buffers();
 }
 

@@ -2,6 +2,7 @@
 // lines and rectangles composed into the background image.
 #include "tests/graphics/gfx_fixture.h"
 
+#include <array>
 #include <cstring>
 #include <set>
 #include <tuple>
@@ -18,28 +19,27 @@ static std::vector<P> xy(const GlPrim& p, bool tex = false) {  // vertices, or t
 }
 
 TEST_F(Drawing, StateSwitchTouchesOnlyCapabilitiesWhoseCodeDiffers) {
-    // Fog, lighting, alpha test, blending, depth test, depth writes; anything but an on code is off.
-    const int32_t rows[][6] = {{2, 4, 6, 8, 10, 12}, {3, 5, 7, 9, 11, 13}, {2, 5, 6, 9, 10, 13},
-                               {99, 0, -1, 8, 99, 12}};
-    const GLenum caps[] = {GL_FOG, GL_LIGHTING, GL_ALPHA_TEST, GL_BLEND, GL_DEPTH_TEST};
-    for (const auto& from : rows)
-        for (const auto& to : rows) {
-            OGL_set_state(from[0], 1, from[1], from[2], from[3], from[4], from[5]);
-            OGL_set_rgba(0, 0, 0, 0, 1);  // for the switch to put back
-            gl.clear_log();
-            OGL_set_state(to[0], 1, to[1], to[2], to[3], to[4], to[5]);
-            std::set<GLenum> on_now = to[1] == 4 ? std::set<GLenum>{GL_LIGHT0} : std::set<GLenum>{};
-            int switched = 0;  // codes read back (on or off) that differ from the request
-            for (int c = 0; c < 5; ++c) {
-                const int32_t on = 2 + 2 * c, was = from[c] == on ? on : on + 1;
-                if (to[c] == on) on_now.insert(caps[c]);
-                switched += was == to[c] ? 0 : c == 1 ? 2 : 1;  // lighting switches GL_LIGHT0 too
-            }
-            EXPECT_EQ(gl.caps, on_now) << from[0] << " to " << to[0];
-            EXPECT_EQ(std::tuple(gl.count("glEnable") + gl.count("glDisable"), gl.count("glDepthMask"), gl.depth_mask),
-                      std::tuple(switched, 1, to[5] == 12)) << from[0] << " to " << to[0];  // the mask every time
-            EXPECT_THAT(gl.color, ElementsAre(1, 1, 1, 1));  // left opaque white
-        }
+    using Codes = std::array<int32_t, 6>;  // fog, lighting, alpha test, blending, depth test, depth writes
+    const Codes on = {OGL_FOG_ON, OGL_LIGHT_ON, OGL_ALPHA_ON, OGL_BLEND_ON, OGL_DEPTH_ON, OGL_DEPTHW_ON},
+                off = {OGL_FOG_OFF, OGL_LIGHT_OFF, OGL_ALPHA_OFF, OGL_BLEND_OFF, OGL_DEPTH_OFF, OGL_DEPTHW_OFF},
+                mix = {OGL_FOG_ON, OGL_LIGHT_OFF, OGL_ALPHA_ON, OGL_BLEND_OFF, OGL_DEPTH_ON, OGL_DEPTHW_OFF},
+                odd = {99, 0, -1, OGL_BLEND_ON, 99, OGL_DEPTHW_ON};  // anything but an on code is off
+    const struct { Codes from, to; int switches; std::set<GLenum> caps; } rows[] = {
+        {off, off, 0, {}}, {off, on, 6, {GL_FOG, GL_LIGHTING, GL_LIGHT0, GL_ALPHA_TEST, GL_BLEND, GL_DEPTH_TEST}},
+        {on, off, 6, {}}, {on, mix, 3, {GL_FOG, GL_ALPHA_TEST, GL_DEPTH_TEST}},  // lighting takes GL_LIGHT0 along
+        {mix, odd, 6, {GL_BLEND}},  // a code that is neither on nor off always differs: lighting goes off again
+        {odd, off, 1, {}}};
+    for (const auto& r : rows) {
+        const Codes &f = r.from, &t = r.to;
+        OGL_set_state(f[0], 1, f[1], f[2], f[3], f[4], f[5]);
+        OGL_set_rgba(0, 0, 0, 0, 1);  // for the switch to put back
+        gl.clear_log();
+        OGL_set_state(t[0], 1, t[1], t[2], t[3], t[4], t[5]);
+        EXPECT_EQ(gl.caps, r.caps) << r.switches;
+        EXPECT_EQ(std::tuple(gl.count("glEnable") + gl.count("glDisable"), gl.count("glDepthMask"), gl.depth_mask),
+                  std::tuple(r.switches, 1, t[5] == OGL_DEPTHW_ON)) << r.switches;  // the mask every time
+        EXPECT_THAT(gl.color, ElementsAre(1, 1, 1, 1));  // left opaque white
+    }
 }
 
 TEST_F(Drawing, TextureUnitsSwitchEachUnitAndLeaveTheFirstActive) {
@@ -59,6 +59,8 @@ TEST_F(Drawing, TextureUnitsSwitchEachUnitAndLeaveTheFirstActive) {
 
 TEST_F(Drawing, ColourRuleTintAlphaComposeAndSwap) {
     OGL_tint[0] = 0.5f, OGL_tint[1] = 0.25f, OGL_tint[2] = 0.5f;
+    EXPECT_THAT(OGL_palette[111], ElementsAre(1, 0.3f, 0));  // the defaults reach the last entry
+    EXPECT_THAT(OGL_palette[93], ElementsAre(0, 0, 0));       // and leave the unused ones black
     OGL_set_palette(49, 1, 1, 1);
     const struct { int32_t index; float alpha; const char* call; float r, g, b, a; } rows[] = {
         {48, 1.0f, "glColor3fv", 0, 0, 0.4f, 1}, {49, 1.0f, "glColor3fv", 1, 1, 1, 1},
@@ -132,8 +134,8 @@ TEST_F(Drawing, QuadsAndBackgroundTilesCarryTexCoordsAndBindTheirTextures) {
     for (int i = TEX_BACKGROUND; i <= TEX_BACKGROUND_LAST; ++i) fake_loaded(i);
     fake_loaded(TEX_SHEET);
     panel_x = 100, panel_y = 50;
-    OGL_draw_quad(TEX_SHEET, COLOR_WHITE, 1.0f, 0, 0, 0, 0.5f, 0, 16, 0, 0.53125f, 32, 16, 0.0625f, 0.53125f, 32, 0, 0.0625f, 0.5f,
-                  1, OGL_ALPHA_ON, OGL_BLEND_OFF);
+    OGL_draw_quad(TEX_SHEET, COLOR_WHITE, 1.0f, 0, 0, 0, 0.5f, 0, 16, 0, 0.53125f, 32, 16, 0.0625f, 0.53125f, 32, 0,
+                  0.0625f, 0.5f, 1, OGL_ALPHA_ON, OGL_BLEND_OFF);
     OGL_draw_quad(0, COLOR_WHITE, 1.0f, 0, 0, 0, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 0, 1, 0, 2, OGL_ALPHA_OFF,
                   OGL_BLEND_ON);  // 0 keeps the bound texture
     ASSERT_EQ(gl.prims.size(), 2u);

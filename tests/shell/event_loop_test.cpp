@@ -1,9 +1,8 @@
-// The event pass, the message handler and key-downs: pointer mapping, buttons, drawing, the
-// tooltip, idle pacing, the key and character table, key classes and typed text.
+// The event pass, the message handler and key-downs: pointer mapping, buttons, what a pass
+// draws and in which order, the tooltip, idle pacing, key classes and typed text.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <map>
+#include <cstring>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -11,26 +10,25 @@
 
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
+#include "graphics/primitives.h"
 #include "graphics/textures.h"
+#include "base/shutdown.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
-#include "window/gl_caps.h"
-#include "window/input.h"
-#include "kit/boxes.h"
-#include "kit/font.h"
 #include "shell/menus.h"
 #include "shell/screens.h"
-#include "base/shutdown.h"
 #include "tests/support/gl_recorder.h"
 #include "util/prefs.h"
+#include "window/gl_caps.h"
+#include "window/input.h"
 
 using P = std::pair<float, float>;
 using Call = std::pair<int32_t, int32_t>;  // key class, key
 using Calls = std::vector<Call>;
 static int draws = 0, swaps = 0;
 static Calls calls;  // what app_key received
-static const uint32_t S = PLAT_HELD_SHIFT, C = PLAT_HELD_CTRL, F = PLAT_VK_F1, K = PLAT_VK_NUMPAD0;
+static const uint32_t S = PLAT_HELD_SHIFT, C = PLAT_HELD_CTRL, K = PLAT_VK_NUMPAD0;
 static intptr_t xy(int x, int y) { return (intptr_t)(((uint32_t)y << 16) | (uint32_t)x); }
 
 class Loop : public testing::Test {
@@ -87,40 +85,49 @@ TEST_F(Loop, PressAndReleaseBetweenPassesLeaveAClick) {
     EXPECT_EQ(quit_requested, 1);
 }
 
-TEST_F(Loop, WhatEachPassDraws) {
+// A pass draws the background, the application, then the pointer, and swaps once.
+TEST_F(Loop, WhatEachPassDrawsAndInWhichOrder) {
     cur_screen = SCREEN_INTRO;
     pass();
     EXPECT_EQ(cur_screen, SCREEN_MAIN);  // the intro becomes the main screen at once
     EXPECT_EQ(std::tuple(draws, swaps, ShellInput.elapsed_secs), std::tuple(0, 0, 0.0f));  // nothing before a paint
+    app_set_hooks([] { ++draws, OGL_fill_rect(COLOR_TEXT, 1.0f, 1, 2, 3, 4); }, nullptr, nullptr);
+    sw_cursor = 1;  // the pointer sprite of the interface sheet
+    plat_post_message(PlatMessage{PLAT_MSG_MOUSEMOVE, 0, xy(100, 100), 0});
     pass(PLAT_MSG_PAINT);
+    std::vector<GLuint> order;  // the texture of each primitive; the application's rectangle has none
+    for (const GlPrim& p : gl_rec().prims) order.push_back(p.tex2d[0] ? p.tex[0] : 0);
+    std::vector<GLuint> want;
+    for (int32_t t : {0, 4, 8, 1, 5, 9, 2, 6, 10, 3, 7, 11}) want.push_back(TEX_BACKGROUND + t);  // column by column
+    want.insert(want.end(), {0, TEX_SHEET});
+    EXPECT_EQ(order, want);
     EXPECT_EQ(P(draws, swaps), P(1, 1));
-    float t = ShellInput.elapsed_secs, a = 0.8f + 0.2f * sinf(10 * t), d = 0.6f + 0.4f * sinf(10 * t);
-    EXPECT_NEAR(OGL_palette[54][1], a, 1e-5);
-    EXPECT_NEAR(OGL_palette[59][2], 0.5f * d, 1e-5);
+    for (int32_t c = COLOR_PULSE_GREEN; c <= COLOR_PULSE_AMBER; ++c)  // set every pass, never black
+        EXPECT_GT(OGL_palette[c][0] + OGL_palette[c][1], 0.0f) << c;
+    const GlPrim& p = gl_rec().prims.back();  // the sprite around the pointer at (100, 668)
+    EXPECT_EQ((std::pair(P(p.v[0].x, p.v[0].y), P(p.v[2].x, p.v[2].y))), (std::pair(P(93, 650), P(115, 672))));
+
+    EXPECT_EQ(ShellInput.last_activity, ShellInput.elapsed_secs);  // a move is activity
     const int32_t screens[] = {SCREEN_ALERT, SCREEN_DIALOG, SCREEN_FILE_OPEN, SCREEN_FILE_SAVE, 5};
     for (int32_t screen : screens) cur_screen = screen, pass();
-    EXPECT_EQ(P(draws, swaps), P(2, 6));  // alert and dialog screens skip the application
-    sw_cursor = 1;                         // the pointer sprite of the interface sheet, drawn last
-    pass(PLAT_MSG_MOUSEMOVE, xy(100, 100));
-    EXPECT_EQ(ShellInput.last_activity, ShellInput.elapsed_secs);  // a move is activity
-    const GlPrim& p = gl_rec().prims.back();
-    EXPECT_EQ(p.tex[0], (GLuint)TEX_SHEET);
-    EXPECT_EQ((std::pair(P(p.v[0].x, p.v[0].y), P(p.v[2].x, p.v[2].y))), (std::pair(P(93, 650), P(115, 672))));
+    EXPECT_EQ(P(draws, swaps), P(2, 6));  // modal screens skip the application (their loops draw them)
 }
 
-TEST_F(Loop, TooltipSizeAndPlacementLimits) {
+TEST_F(Loop, TooltipPlacementAndRest) {
     struct { int length; float mouse_x, mouse_y, panel_x, panel_y, x, y, h; } rows[] = {
-        {0, 600, 300, 0, 0, 200, 300, 60}, {120, 600, 300, 0, 0, 200, 300, 60},  // 40 before the lower limit
-        {300, 600, 300, 0, 0, 200, 300, 80}, {499, 600, 300, 0, 0, 200, 300, 110},  // the longest help text
-        {2000, 600, 300, 0, 0, 200, 300, 200},                                      // the upper limit
-        {10, 100, 5, 0, 0, 10, 10, 60}, {10, 1200, 740, 0, 0, 614, 688, 60},      // pushed in from every side
-        {10, 50, -300, 312, 274, -302, -264, 60}};                                  // relative to the panel
+        {120, 600, 300, 0, 0, 200, 300, 60}, {499, 600, 300, 0, 0, 200, 300, 110},  // 40 lifted to the least
+        {2000, 600, 300, 0, 0, 200, 300, 200}, {10, 100, 5, 0, 0, 10, 10, 60},      // the most; pushed in from
+        {10, 1200, 740, 0, 0, 614, 688, 60}, {10, 50, -300, 312, 274, -302, -264, 60}};  // every side; on a panel
     for (auto& r : rows) {
         panel_x = r.panel_x, panel_y = r.panel_y;
         TooltipBox b = tooltip_box(std::string(r.length, 'x').c_str(), r.mouse_x, r.mouse_y);
         EXPECT_EQ(std::pair(b.w, b.h), P(400, r.h)) << r.length;
         EXPECT_EQ(P(b.x, b.y), P(r.x, r.y)) << r.length << " at " << r.mouse_x << "," << r.mouse_y;
     }
+    // Shown once the pointer has rested more than a second, and only with a text.
+    for (auto [text, elapsed, rested, due] : {std::tuple{"help", 5.0f, 3.9f, true}, {"help", 5.0f, 4.0f, false},
+                                              {"", 5.0f, 0.0f, false}})
+        EXPECT_EQ(tooltip_due(text, elapsed, rested), due) << text << " " << rested;
 }
 
 TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
@@ -150,35 +157,16 @@ TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
     EXPECT_LT(plat_ticks_ms() - t0, 10000u);
 }
 
-// Every virtual key: its key code, and its character without and with Shift.
-TEST_F(Keys, TheWholeKeyAndCharacterTable) {
-    std::map<uint32_t, int32_t> codes = {
-        {PLAT_VK_LEFT, 0x7B00}, {PLAT_VK_UP, 0x7E00}, {PLAT_VK_RIGHT, 0x7C00}, {PLAT_VK_DOWN, 0x7D00}, {K + 1, 0x5300},
-        {K + 2, 0x5400}, {K + 3, 0x5500}, {K + 4, 0x5600}, {K + 5, 0x5700}, {K + 6, 0x5800}, {K + 8, 0x5B00},
-        {PLAT_VK_RETURN, 0x2400}, {PLAT_VK_TAB, 0x3000}, {PLAT_VK_SHIFT, -999}, {F, 0x7A00}, {F + 1, 0x7800},
-        {F + 2, 0x6300}, {F + 3, 0x7600}, {F + 4, 0x6000}, {F + 5, 0x6100}, {F + 6, 0x6200}, {F + 7, 0x6400},
-        {F + 8, 0x6500}, {PLAT_VK_INSERT, 0x6D00}, {F + 10, 0x6700}, {F + 11, 0x6F00}, {PLAT_VK_DELETE, 0x752F},
-        {PLAT_VK_BACK, 0x752F}};  // keypad 0, 7, 9 and F10 have none
-    std::map<uint32_t, std::pair<char, char>> chars;
-    const std::string keys = "1234567890\xBD\xBB\xDB\xDD\xBA\xBC\xBE\xBF\xC0\xDC", plain = "1234567890-=[];,./`\\",
-                      shifted = "!@#$%^&*()_+{}:<>?~|";
-    for (size_t i = 0; i < keys.size(); ++i) chars[(uint8_t)keys[i]] = {plain[i], shifted[i]};
-    for (char c = 'A'; c <= 'Z'; ++c) chars[(uint32_t)c] = {(char)(c + 32), c};
-    for (uint32_t vk = 1; vk < 256; ++vk) {
-        EXPECT_EQ(key_code_of(vk), codes.count(vk) ? codes[vk] : KEY_NONE) << "vk " << vk;
-        auto want = chars.count(vk) ? chars[vk] : std::pair((char)vk, (char)vk);  // others: the key's own byte
-        EXPECT_EQ(std::pair(key_char_of(vk, false, 0), key_char_of(vk, true, 0)), want) << "vk " << vk;
-    }
-    EXPECT_EQ(std::pair(key_char_of('6', false, 1), key_char_of('6', true, 1)), std::pair('-', '_'));  // French
-}
-
 // Letters with Shift or Ctrl, Ctrl alone, Left, Shift-Up, keypad 1 and minus, and what they type,
 // are checked through a real X window by tests/x11/window_input_test.sh.
 TEST_F(Keys, ClassesAndWhatAppKeyReceives) {
     struct { uint32_t vk, held; Call call; } rows[] = {
-        {PLAT_VK_OEM_7, 0, {0, (int32_t)(signed char)0xDE}}, {K + 7, 0, {0, 'g'}},  // high bytes: negative
-        {PLAT_VK_TAB, C, {1, 0x3000}}, {K + 1, C, {1, 0x5300}}, {K + 8, 0, {1, 0x5B00}},  // moving wins over Ctrl
-        {PLAT_VK_LEFT, S, {1, 50001}}, {PLAT_VK_DOWN, S | C, {1, 50002}}, {PLAT_VK_RIGHT, S, {1, 50003}}};
+        {PLAT_VK_OEM_7, 0, {KEY_CLASS_PLAIN, (int32_t)(signed char)0xDE}},  // high bytes: negative
+        {K + 7, 0, {KEY_CLASS_PLAIN, 'g'}}, {'1', S, {KEY_CLASS_PLAIN, '!'}}, {PLAT_VK_OEM_1, S, {KEY_CLASS_PLAIN, ':'}},
+        {'Q', C, {KEY_CLASS_CTRL, 'q'}}, {PLAT_VK_TAB, C, {KEY_CLASS_MOVE, KEY_TAB}},  // moving wins over Ctrl
+        {K + 1, C, {KEY_CLASS_MOVE, 0x5300}}, {K + 8, 0, {KEY_CLASS_MOVE, 0x5B00}},
+        {PLAT_VK_LEFT, S, {KEY_CLASS_MOVE, KEY_SHIFT_LEFT}}, {PLAT_VK_DOWN, S | C, {KEY_CLASS_MOVE, KEY_SHIFT_DOWN}},
+        {PLAT_VK_RIGHT, S, {KEY_CLASS_MOVE, KEY_SHIFT_RIGHT}}};
     for (auto& r : rows) {
         calls.clear();
         press(r.vk, r.held);
@@ -192,21 +180,21 @@ TEST_F(Keys, TypedTextFollowsTheKeys) {
         {{{'A', 0}, {'B', 0}, {PLAT_VK_INSERT, 0}}, "a"}, {{{'A', 0}, {PLAT_VK_DELETE, 0}, {PLAT_VK_DELETE, 0}}, ""},
         {{{PLAT_VK_OEM_MINUS, S}, {PLAT_VK_OEM_PLUS, 0}, {PLAT_VK_OEM_PLUS, S}}, ""},
         {{{PLAT_VK_UP, 0}, {PLAT_VK_DOWN, S}, {PLAT_VK_TAB, 0}, {PLAT_VK_RETURN, 0}}, ""},
-        {{{'6', 0}, {PLAT_VK_SPACE, 0}, {'X', S}}, "6 X"}};
+        {{{'6', 0}, {PLAT_VK_SPACE, 0}, {'X', S}, {PLAT_VK_OEM_5, S}}, "6 X|"}};
     for (auto& r : rows) {
         input_reset();
         for (auto [vk, held] : r.keys) press(vk, held);
         EXPECT_EQ(std::string(ShellInput.typed_text), r.text);
         EXPECT_EQ(ShellInput.enter_pressed, r.keys.back().first == PLAT_VK_RETURN);
     }
-    // The French 6 key gives "-": nothing typed, but app_key hears it; a dialog's keys reach the
-    // text but not app_key.
+    // The French 6 key gives "-": nothing typed, but app_key hears it; the save screen's keys reach
+    // the text but not app_key.
     calls.clear(), language = 1;
     for (auto [screen, vk] :
          {std::pair<int32_t, uint32_t>(SCREEN_MAIN, '6'), {SCREEN_FILE_SAVE, 'K'}, {SCREEN_FILE_OPEN, 'L'}})
         cur_screen = screen, press(vk);
-    EXPECT_EQ(std::string(ShellInput.typed_text), "6 Xkl");
-    EXPECT_EQ(calls, (Calls{{0, '-'}, {0, 'l'}}));
+    EXPECT_EQ(std::string(ShellInput.typed_text), "6 X|kl");
+    EXPECT_EQ(calls, (Calls{{KEY_CLASS_PLAIN, '-'}, {KEY_CLASS_PLAIN, 'l'}}));
     memset(ShellInput.typed_text, 'x', 499);  // full: a new character replaces the last one
     press('B');
     EXPECT_EQ(std::string(ShellInput.typed_text), std::string(498, 'x') + "b");

@@ -9,6 +9,7 @@
 #include "briefing/request.h"
 #include "briefing/weather.h"
 #include "util/file_reader.h"
+#include "util/random.h"
 #include "util/text.h"
 
 static void put4(std::string& s, size_t at, const void* v, bool high_first = false) {
@@ -70,13 +71,10 @@ void sim_brief_reset(const std::string& dir) {
 }
 
 uint32_t sim_seed_for(const std::vector<std::pair<int, int>>& wanted) {
-    for (uint32_t seed = 0;; ++seed) {
-        uint32_t s = seed;
+    for (uint32_t seed = 0;; ++seed) {  // the program's own generator, tried from each state
+        rand_set_state(seed);
         size_t k = 0;
-        for (; k < wanted.size(); ++k) {
-            s = s * 1103515245u + 12345u;
-            if (((int32_t)(s / 65536u % 32768u) * wanted[k].first >> 15) + 1 != wanted[k].second) break;
-        }
+        while (k < wanted.size() && ((rand_next() * wanted[k].first) >> 15) + 1 == wanted[k].second) ++k;
         if (k == wanted.size()) return seed;
     }
 }

@@ -41,5 +41,5 @@ void sim_set_airports(const std::vector<TestAirport>& airports);
 void sim_brief_reset(const std::string& dir);
 
 // The first generator state from which the next draws give the wanted choices: each row is
-// (number of choices n, wanted r), r = ((draw x n) >> 15) + 1.
+// (number of choices n, wanted choice r, 1..n). Leaves the generator in another state.
 uint32_t sim_seed_for(const std::vector<std::pair<int, int>>& wanted);

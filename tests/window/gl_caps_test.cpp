@@ -1,6 +1,7 @@
 // The OpenGL capability checks against a recording GL: flags, report, warning, software pointer.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -36,8 +37,6 @@ TEST_F(Caps, ReportAndFlagsFromVersionAndExtensions) {
     EXPECT_EQ(log(), "OpenGL Situation:\nOpenGL Vendor    :V\nOpenGL Render    :R\nOpenGL Version   :1.2.1\n"
                      "OpenGL Extensions:GL_EXT_abgr\nfound_opengl_12  :1\nfound_clamp_SGI  :0\nfound_clamp_ARB  :0\n"
                      "found_mul_tex    :0\nfound_env_add    :0\nnum_tex_units    :0\n\n\n");
-    std::string many;  // far longer than the 4999 characters drivers were once assumed to stay under
-    while (many.size() < 40000) many += "GL_VENDOR_some_feature ";
     struct { const char* version; std::string ext; Ints v12_sgi_arb_mul_add_clamp; } rows[] = {
         {"1.2.2", "", {1, 0, 0, 0, 0, 1}}, {"1.3.0", "", {0, 0, 0, 0, 0, 0}}, {"2.1 Mesa", "", {0, 0, 0, 0, 0, 0}},
         {"1.1", "GL_EXT_abgr GL_SGIS_texture_edge_clamp", {0, 1, 0, 0, 0, 1}},
@@ -45,7 +44,7 @@ TEST_F(Caps, ReportAndFlagsFromVersionAndExtensions) {
         {"1.1", "GL_ARB_texture_edge_clamp GL_ARB_multitexture", {0, 0, 1, 1, 0, 1}},
         {"1.1", "GL_ARB_multitextureXYZ GL_ARB_texture_env_add", {0, 0, 0, 1, 1, 0}},  // plain substrings count
         {"1.1", "GL_EXT_abgr GL_EXT_texture_env_add", {0, 0, 0, 0, 1, 0}},             // at the very end
-        {"1.1", many + "GL_ARB_multitexture", {0, 0, 0, 1, 0, 0}}};                     // searched whole
+        {"1.1", std::string(40000, ' ') + "GL_ARB_multitexture", {0, 0, 0, 1, 0, 0}}};  // a long list searched whole
     for (auto& r : rows) {
         gl_rec().version = r.version, gl_rec().extensions = r.ext;
         MACIBM_gl_checks();
@@ -53,7 +52,22 @@ TEST_F(Caps, ReportAndFlagsFromVersionAndExtensions) {
                         GlCaps.found_env_add, clamp_ok}), r.v12_sgi_arb_mul_add_clamp)
             << r.version << " / " << r.ext.substr(0, 60);
     }
-    EXPECT_NE(log().find("OpenGL Extensions:" + many + "GL_ARB_multitexture\n"), std::string::npos);  // whole
+}
+
+// The state all drawing starts from: what the checks leave enabled and the functions they set.
+TEST_F(Caps, DefaultStateForDrawing) {
+    MACIBM_gl_checks();
+    EXPECT_EQ(gl_rec().caps, (std::set<GLenum>{GL_CULL_FACE, GL_DITHER, GL_COLOR_MATERIAL}));
+    const std::vector<std::pair<std::string, std::vector<double>>> set = {
+        {"glAlphaFunc", {GL_GREATER, 0}},     {"glBlendFunc", {GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA}},
+        {"glDepthFunc", {GL_LEQUAL}},         {"glFrontFace", {GL_CW}},
+        {"glCullFace", {GL_BACK}},            {"glPixelStorei", {GL_UNPACK_ALIGNMENT, 1}},
+        {"glColorMaterial", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE}}};
+    for (const auto& [name, args] : set) {
+        bool found = false;
+        for (const GlCall& c : gl_rec().calls) found |= c.name == name && c.args == args;
+        EXPECT_TRUE(found) << name;
+    }
 }
 
 TEST_F(Caps, SoftwarePointerAndRendererWarning) {
