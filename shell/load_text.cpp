@@ -7,6 +7,8 @@
 #include "util/folders.h"
 
 static const char* const LANGUAGE_FILE = "Vocalog.txt";
+// The Korean glyph sheet in the menus folder, named as the art generator writes it.
+static const char* const KOREAN_SHEET = "korean:menu_text.bmp";
 
 void MACIBM_load_text() {
     Text folder;
@@ -14,7 +16,7 @@ void MACIBM_load_text() {
     if (language_is_korean()) {
         Text sheet;
         int32_t w = 0, h = 0;
-        str_join(folders.path[FOLDER_MENUS], "Korean:menu_text", sheet);
+        str_join(folders.path[FOLDER_MENUS], KOREAN_SHEET, sheet);
         OGL_texbmp(BMP_TEXTURE, OGL_TEX_KOREAN, BMP_MAGENTA_CLEAR, sheet, &w, &h);
     }
     MACIBM_load_menus(LANGUAGE_FILE);
