@@ -60,11 +60,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     MACIBM_load_text();
-    if (language_is_korean()) {  // the generated glyph sheet, named as it is on disk
-        Text sheet;
-        str_join(folders.path[FOLDER_MENUS], "korean:menu_text.bmp", sheet);
-        OGL_texbmp(BMP_TEXTURE, TEX_GLYPHS, BMP_MAGENTA_CLEAR, sheet, &w, &h);
-    }
 
     cur_screen = SCREEN_MAIN;
     const Menu& file = menu_table[0];

@@ -9,7 +9,13 @@ extern int32_t quit_requested;  // 1 ends the main loop
 void MACIBM_shutdown();
 
 // The steps, each set by the part that owns it; an empty step is skipped.
-enum ShutdownSlot : int32_t { SHUTDOWN_PREFS = 0, SHUTDOWN_DISPLAY = 1, SHUTDOWN_WINDOW = 2, SHUTDOWN_SLOTS = 3 };
+enum ShutdownSlot : int32_t {
+    SHUTDOWN_SOUND = 0,  // speaking stopped before anything it plays through goes
+    SHUTDOWN_PREFS = 1,
+    SHUTDOWN_DISPLAY = 2,
+    SHUTDOWN_WINDOW = 3,
+    SHUTDOWN_SLOTS = 4,
+};
 using ShutdownStep = void (*)();
 void shutdown_set_step(ShutdownSlot slot, ShutdownStep step);  // nullptr empties the slot
 void shutdown_reset();  // every slot empty

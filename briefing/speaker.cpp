@@ -59,7 +59,7 @@ bool brief_speak_start() {
         MACIBM_alert(0, "I cannot play the briefing:", plat_audio_error(), "", "", ALERT_NOTE);
         return false;
     }
-    shutdown_add_step(brief_speak_stop);
+    shutdown_set_step(SHUTDOWN_SOUND, brief_speak_stop);
     worker.busy = true;
     worker.thread = std::thread(run);
     return true;

@@ -7,6 +7,7 @@
 #include "util/folders.h"
 
 static const char* const LANGUAGE_FILE = "Vocalog.txt";
+// The Korean glyph sheet in the menus folder, named as the art generator writes it.
 
 void MACIBM_load_text() {
     Text folder;

@@ -85,7 +85,7 @@ TEST_F(Screens, LanguageChooserSetsTheLanguageAndAccepts) {
 
 TEST_F(Screens, FatalAlertEndsTheProgramThroughTheShutDown) {
     auto fatal = [] {
-        shutdown_add_step([] { fputs("shut down in order\n", stderr); });
+        shutdown_set_step(SHUTDOWN_PREFS, [] { fputs("shut down in order\n", stderr); });
         MACIBM_open_screen(SCREEN_MAIN);
         post(PLAT_MSG_PAINT);
         post_press(BUTTON_X, BUTTON_Y);
