@@ -39,11 +39,13 @@ struct Match {
 };
 }  // namespace
 
-static void match_entry(const char* name, bool, void* ctx) {
+// Keeps the listing going until the exact name turns up.
+static bool match_entry(const char* name, bool, void* ctx) {
     Match& m = *(Match*)ctx;
-    if (strlen(name) != m.len || str_same_nocase(name, m.want) != 0) return;
+    if (strlen(name) != m.len || str_same_nocase(name, m.want) != 0) return true;
     if (strcmp(name, m.want) == 0) m.exact = true;
     if (!m.found[0] || strcmp(name, m.found) < 0) str_copy(name, m.found);
+    return !m.exact;
 }
 
 int32_t path_find_case_blind(char* path) {

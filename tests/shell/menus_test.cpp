@@ -248,7 +248,7 @@ TEST_F(Menus, ShippedLanguagesPickTheSameCommands) {
     for (language = 0; language < LANG_COUNT; ++language) {
         MACIBM_load_text();
         for (int32_t i : {0, 1, 600, 601, 602, 605, 606}) EXPECT_NE(text_table[i][0], 0) << i << " " << language;
-        const GlUpload* glyphs = gl_rec().upload(OGL_TEX_KOREAN, 0);  // the generated sheet, not a stand-in
+        const GlUpload* glyphs = gl_rec().upload(TEX_GLYPHS, 0);  // the generated sheet, not a stand-in
         EXPECT_EQ(glyphs ? glyphs->width : 0, language == LANG_KOREAN ? 512 : 0);
         Ints seen[2];
         for (int32_t m = 0; m < 2; ++m)
