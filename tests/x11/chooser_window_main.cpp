@@ -55,7 +55,7 @@ static void write_shot() {
 
 // Every frame: report a new screen or chooser folder, take the shot once, then present.
 static int32_t echo_and_swap() {
-    static int32_t screen = -2, chooser_frames = 0;
+    static int32_t screen = SCREEN_MAIN, chooser_frames = 0;  // the screen the program starts on
     static Text folder = "";
     if (cur_screen != screen) printf("screen %d\n", screen = cur_screen);
     if (cur_screen == SCREEN_FILE_OPEN && strcmp(folder, work_folder()) != 0)
@@ -74,16 +74,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     MACIBM_init();
-    // Start-up asks for the sheet without its extension, which the loader completes in capitals;
-    // the generated art is named in small letters, so load it again by its whole name, and take
-    // the colour behind screens from it as start-up does (column 14 of row 371).
-    int32_t w = 0, h = 0;
-    if (!OGL_texbmp(BMP_TEXTURE, TEX_SHEET, BMP_MAGENTA_CLEAR, "general_interface.bmp", &w, &h)) {
-        fprintf(stderr, "vocalog-chooser-check: no interface sheet in %s\n", folders.path[FOLDER_BITMAPS]);
-        MACIBM_shutdown();
-        return 1;
-    }
-    for (int i = 0; i < 3; ++i) bg_color[i] = (float)OGL_pixbuf[(371 * 512 + 14) * 4 + i];
     app_set_hooks(draw, nullptr, nullptr);
     OGL_set_swap(echo_and_swap);
     cur_screen = SCREEN_MAIN;

@@ -16,6 +16,10 @@ export HOME=$work XDG_DATA_HOME=$work/data   # the program's preference files st
 cd "$work"
 ASAN_OPTIONS=detect_leaks=0 "$program" 60 ${shot:+"$shot"} > out.txt 2> err.txt &
 pid=$!
+# A fresh per-user folder: start-up first asks for the language; Return accepts English.
+for _ in $(seq 300); do xdotool search --name '^Corvane$' > /dev/null 2>&1 && break; sleep 0.1; done
+sleep 1
+xdotool key Return
 for _ in $(seq 300); do grep -q '^ready' out.txt && break; sleep 0.1; done
 prog=$(sed -n 's/^ready //p' out.txt)
 [ -n "$prog" ] || { echo "the program did not start:"; cat out.txt err.txt; kill "$pid" 2>/dev/null; exit 1; }
