@@ -7,7 +7,11 @@
 #include "briefing/request.h"
 #include "base/alert.h"
 #include "base/shutdown.h"
+#include "platform/platform.h"
 #include "util/prefs.h"
+#include "util/text.h"
+
+static const char BRIEFING_FILE[] = "Vocalog.txt";
 
 void brief_put_paragraphs(OutFile* f) {
     for (const char* p : {brief_req.intro, brief_req.dep_wx, brief_req.enroute_wx, brief_req.dest_wx}) {
@@ -33,7 +37,14 @@ void brief_write_file(int32_t command) {
                      "You may print it for reference during your flight.",
                      "This is common practice in real aviation.", "", ALERT_NOTE);
         brief_compose();
-        brief_save("Vocalog.txt");  // a folder that cannot be written keeps the old file, silently
+        if (!brief_save(BRIEFING_FILE)) {
+            // The pilot was just told the file is being written: say where it could not be.
+            Text path = "";
+            plat_current_folder(path, sizeof path - sizeof BRIEFING_FILE);
+            str_append(path, BRIEFING_FILE);
+            MACIBM_alert(0, "I could not save the briefing file!", path,
+                         "Could the folder be read-only, or the disk full?", "", ALERT_NOTE);
+        }
     }
     if (command == CMD_QUIT) quit_requested = 1;
 }

@@ -55,6 +55,12 @@ if(VOCALOG_CONVERT)
   add_dependencies(gallery vocalog-gallery vocalog_art)
 endif()
 
+# The menu bar of one language with its File menu open, drawn from the generated art.
+if(EXISTS ${CMAKE_SOURCE_DIR}/app/menu_shot_main.cpp)
+  add_executable(vocalog-menu-shot ${CMAKE_SOURCE_DIR}/app/menu_shot_main.cpp)
+  target_link_libraries(vocalog-menu-shot PRIVATE vocalog_gui)
+endif()
+
 if(VOCALOG_BENCH)
   find_package(benchmark REQUIRED)
   file(GLOB VOCALOG_GL_BENCH_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/gl/*_bench.cpp)

@@ -11,6 +11,9 @@ uint32_t plat_ticks_ms();
 // The folder of the running executable, with its trailing separator. False when unknown.
 bool plat_program_folder(char* out, size_t size);
 
+// The process's working folder, with its trailing separator. False when unknown.
+bool plat_current_folder(char* out, size_t size);
+
 // The per-user data folder the suite's programs share, with its trailing separator,
 // created when missing: $XDG_DATA_HOME/Zephyra/ or ~/.local/share/Zephyra/.
 bool plat_user_folder(char* out, size_t size);
@@ -46,6 +49,10 @@ struct PlatDisplayMode {
 // Mode number `index` (0, 1, 2, ...) of the primary display in the system's order; false
 // past the last one.
 bool plat_display_mode(int32_t index, PlatDisplayMode* mode);
+
+// Whether windows can be shown to a person. Without a display the windowed layer falls back
+// to an offscreen driver; that counts only when VOCALOG_OFFSCREEN=1 asks for it (tests).
+bool plat_display_present();
 // Asks for a temporary switch of the primary display into `mode` (one that
 // plat_display_mode listed). False when the system refuses it. Where modes can only be
 // changed for a full-screen window, the switch is made when the window is created (and

@@ -1,12 +1,9 @@
-// The localized texts the shell draws itself (panel titles, the alert's button), by entry.
+// The localized texts the shell draws itself (panel titles, the alert's button).
 #pragma once
 #include <cstdint>
 
-enum : int32_t {
-    TEXT_ALERT_TITLE = 600,   // the alert panel's title
-    TEXT_DIALOG_TITLE = 601,  // the file dialogs' panel title
-    TEXT_ALERT_BUTTON = 602,  // the alert's button
-};
+#include "shell/text_table.h"
 
-// The entry's text in the interface language; English until the language's text file is read.
+// The entry's text in the interface language, or its English default while the language's
+// text file has not been read (an alert can come before it).
 const char* shell_text(int32_t entry);

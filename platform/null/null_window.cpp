@@ -3,6 +3,7 @@
 #include "platform/posix/message_queue.h"
 
 bool plat_display_mode(int32_t, PlatDisplayMode*) { return false; }
+bool plat_display_present() { return false; }
 bool plat_display_switch(const PlatDisplayMode*) { return false; }
 void plat_display_restore() {}
 

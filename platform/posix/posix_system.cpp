@@ -40,6 +40,13 @@ static bool make_folders(char* path) {
     return true;
 }
 
+bool plat_current_folder(char* out, size_t size) {
+    if (size < 2 || !getcwd(out, size - 1)) return false;
+    size_t n = strlen(out);
+    if (n == 0 || out[n - 1] != '/') out[n++] = '/', out[n] = 0;
+    return true;
+}
+
 bool plat_user_folder(char* out, size_t size) {
     const char* xdg = getenv("XDG_DATA_HOME");
     const char* home = getenv("HOME");

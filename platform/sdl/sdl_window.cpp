@@ -23,6 +23,14 @@ bool sdl_video_up() {
 
 SDL_Window* sdl_window() { return window; }
 
+bool plat_display_present() {
+    if (!sdl_video_up()) return false;
+    const char* driver = SDL_GetCurrentVideoDriver();
+    bool offscreen = !driver || SDL_strcmp(driver, "offscreen") == 0 || SDL_strcmp(driver, "dummy") == 0;
+    const char* asked = SDL_getenv("VOCALOG_OFFSCREEN");
+    return !offscreen || (asked && SDL_strcmp(asked, "1") == 0);
+}
+
 bool plat_display_mode(int32_t index, PlatDisplayMode* mode) {
     if (!sdl_video_up() || index < 0 || index >= SDL_GetNumDisplayModes(0)) return false;
     SDL_DisplayMode m{};

@@ -123,7 +123,7 @@ TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
                         "\n\n" + brief_req.dest_wx + "\n\n");
     EXPECT_EQ(files_in_dir(), 2);  // metar.rwx and Vocalog.txt: no temporary file stays
 
-    // A folder that cannot be written keeps the old file and shows nothing more; the
+    // A folder that cannot be written keeps the old file and says which path failed; the
     // briefing on screen is the new one all the same. Permissions do not bind the superuser.
     ASSERT_EQ(chmod(dir.c_str(), 0555), 0);
     const bool root = geteuid() == 0;
@@ -133,7 +133,8 @@ TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
     ASSERT_TRUE(!root || seteuid(0) == 0);
     chmod(dir.c_str(), 0755);
     EXPECT_EQ(test_read_file(dir + "Vocalog.txt"), text);
-    EXPECT_EQ(alerts.size(), 2u);
+    ASSERT_EQ(alerts.size(), 3u);
+    EXPECT_THAT(alerts[2], testing::HasSubstr("|" + dir + "Vocalog.txt|"));
     EXPECT_THAT(brief_req.intro, StartsWith("Hello, this is "));
 
     // A failed write throws its temporary file away and leaves the old file as it was.
