@@ -9,6 +9,7 @@
 #include "kit/font.h"
 #include "kit/widgets.h"
 #include "shell/event_loop.h"
+#include "shell/language.h"
 #include "shell/screens.h"
 #include "shell/shell_text.h"
 #include "util/prefs.h"
@@ -20,8 +21,8 @@ void alert_window_install() {
 }
 
 static void draw_language_choice() {
-    static const char* const labels[6] = {"|English", "|French", "|German", "|Italian", "|Spanish", "|Korean"};
-    for (int32_t k = 0; k < 6; ++k)
+    static const char* const labels[LANG_COUNT] = {"|English", "|French", "|German", "|Italian", "|Spanish", "|Korean"};
+    for (int32_t k = 0; k < LANG_COUNT; ++k)
         BTN_choice_button(panel_w / 2.0f - 25.0f, 170.0f - 20.0f * (float)k, &language, k, labels[k], "");
 }
 

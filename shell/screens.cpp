@@ -9,6 +9,7 @@
 #include "graphics/primitives.h"
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
+#include "shell/language.h"
 #include "shell/menus.h"
 #include "shell/shell_text.h"
 #include "util/prefs.h"
@@ -43,9 +44,9 @@ ScreenPanel screen_panel(int32_t id) {
 const char* screen_intro_picture(int32_t lang) {
     // Named with their extension: the generated files are lower case, and file names are
     // not case-blind everywhere.
-    static const char* const pictures[6] = {"intro:english.bmp", "intro:french.bmp",  "intro:german.bmp",
+    static const char* const pictures[LANG_COUNT] = {"intro:english.bmp", "intro:french.bmp",  "intro:german.bmp",
                                             "intro:italian.bmp", "intro:spanish.bmp", "intro:korean.bmp"};
-    return lang >= 0 && lang < 6 ? pictures[lang] : nullptr;
+    return lang >= 0 && lang < LANG_COUNT ? pictures[lang] : nullptr;
 }
 
 // The panel's corner along one axis: centred, rounded, and never off the low edge.

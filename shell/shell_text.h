@@ -1,4 +1,4 @@
-// The localized texts the shell draws itself (panel titles, the alert's button), by entry.
+// The localized texts the shell draws itself (panel titles, the alert's button).
 #pragma once
 #include <cstdint>
 

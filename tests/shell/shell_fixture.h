@@ -1,28 +1,25 @@
-// The common start of tests of the shell's screens: a recording GL, program-start drawing,
-// input, loop and screen state, the interface sheet and tiles marked as loaded, frames counted.
+// The common start of tests of the shell's screens: a recording GL, program-start state, GL up
+// (alerts in the window), and each presented frame noted.
 #pragma once
 #include <functional>
 #include <vector>
 
 #include "base/alert.h"
-#include "base/shutdown.h"
 #include "graphics/design_space.h"
 #include "platform/platform.h"
 #include "shell/alert_window.h"
 #include "shell/event_loop.h"
-#include "shell/menus.h"
 #include "shell/screens.h"
 #include "tests/graphics/gfx_fixture.h"
 #include "util/prefs.h"
 #include "window/input.h"
 
-struct Frame {  // what was current when a frame was presented
+struct Frame {
     int32_t screen;
     float panel_x, panel_y;
-    size_t prims;
 };
 inline std::vector<Frame> frames;
-inline std::function<void(size_t)> on_frame;  // called after each presented frame with the count
+inline std::function<void(size_t)> on_frame;  // after each presented frame, with the count
 
 class Screens : public Gfx {
 protected:
@@ -30,10 +27,9 @@ protected:
         Gfx::SetUp();
         input_reset(), event_loop_reset(), screens_reset(), progress_reset(), plat_reset_messages();
         for (int32_t t = 300; t <= 322; ++t) fake_loaded(t);
-        open_menu = -1, language = 0, quit_requested = 0, gl_ready = 1;
-        frames.clear(), on_frame = nullptr;
+        language = 0, gl_ready = 1, frames.clear(), on_frame = nullptr;
         OGL_set_swap([]() -> int32_t {
-            frames.push_back({cur_screen, panel_x, panel_y, gl_rec().prims.size()});
+            frames.push_back({cur_screen, panel_x, panel_y});
             if (on_frame) on_frame(frames.size());
             if (frames.size() % 100 == 0) {  // an alert that never closes fails instead of hanging
                 ADD_FAILURE() << "still looping after " << frames.size() << " frames";
@@ -42,18 +38,15 @@ protected:
             return 1;
         });
         alert_window_install();
+        cur_screen = SCREEN_MAIN;
+        MACIBM_window_proc(nullptr, PLAT_MSG_PAINT, 0, 0);  // painted: passes draw and present
     }
-    void TearDown() override {
-        OGL_set_swap(nullptr), alert_set_window(nullptr), progress_set(nullptr);
-        gl_ready = 0;
-    }
-    // A message as the window delivers it at the next pass; positions in window pixels.
-    static void post(uint32_t message, int px = 0, int py = 0, uintptr_t wparam = 0) {
-        plat_post_message(PlatMessage{message, wparam, (intptr_t)(((uint32_t)py << 16) | (uint32_t)px), 0});
-    }
-    // A press at design units (x, y) of the whole screen (the 1024 x 768 window: y flips).
+    void TearDown() override { OGL_set_swap(nullptr), alert_set_window(nullptr), progress_set(nullptr), gl_ready = 0; }
+    // Window messages for the next pass: a key, or a press at design units (x, y) of the
+    // 1024 x 768 window.
+    static void post_key(uint32_t vk) { plat_post_message(PlatMessage{PLAT_MSG_KEYDOWN, vk, 0, 0}); }
     static void post_press(float x, float y) {
-        post(PLAT_MSG_MOUSEMOVE, (int)x, (int)(768 - y));
-        post(PLAT_MSG_LBUTTONDOWN), post(PLAT_MSG_LBUTTONUP);
+        plat_post_message(PlatMessage{PLAT_MSG_MOUSEMOVE, 0, (intptr_t)(((uint32_t)(768 - y) << 16) | (uint32_t)x), 0});
+        plat_post_message(PlatMessage{PLAT_MSG_LBUTTONDOWN, 0, 0, 0});
     }
 };
