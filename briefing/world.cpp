@@ -7,6 +7,7 @@
 #include "briefing/request.h"
 #include "briefing/weather.h"
 #include "base/alert.h"
+#include "kit/list_picker.h"
 #include "util/folders.h"
 #include "util/file_reader.h"
 #include "util/prefs.h"
@@ -40,6 +41,7 @@ static bool weather_file_opens() {
 int32_t brief_load_world() {
     brief_req_reset();
     scan_airports();
+    BTN_set_code_search(apt_find_code);  // the pickers' code field looks airports up here
     bool weather = weather_file_opens();
     str_copy("untitled.acf", brief_req.aircraft_name);
     if (!weather) {

@@ -23,6 +23,24 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/gl_check_main.cpp)
   target_link_libraries(vocalog-gl-check PRIVATE vocalog_gui)
 endif()
 
+# The widget screen: every widget, both alert kinds and the progress screen as one PNG.
+# `cmake --build <dir> --target widgets-shot` redraws docs/widgets.png from the generated art.
+find_package(ZLIB)
+if(ZLIB_FOUND AND EXISTS ${CMAKE_SOURCE_DIR}/app/widgets_demo_main.cpp)
+  add_executable(vocalog-widgets-demo ${CMAKE_SOURCE_DIR}/app/widgets_demo_main.cpp ${CMAKE_SOURCE_DIR}/app/png_file.cpp)
+  target_link_libraries(vocalog-widgets-demo PRIVATE vocalog_gui ZLIB::ZLIB)
+  add_custom_target(widgets-shot
+    COMMAND vocalog-widgets-demo ${CMAKE_SOURCE_DIR}/docs/widgets.png
+    VERBATIM)
+  function(vocalog_widgets_shot_deps)
+    add_dependencies(widgets-shot vocalog-widgets-demo vocalog_sim_data)
+    if(TARGET vocalog_art)
+      add_dependencies(widgets-shot vocalog_art)
+    endif()
+  endfunction()
+  cmake_language(DEFER DIRECTORY ${CMAKE_SOURCE_DIR} CALL vocalog_widgets_shot_deps)
+endif()
+
 # The interface kit's gallery: every face, bar, panel and number form drawn from the
 # program folder's bitmaps (the build folder by default) into one screenshot.
 add_executable(vocalog-gallery ${CMAKE_SOURCE_DIR}/app/gallery_main.cpp)

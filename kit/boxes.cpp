@@ -24,6 +24,7 @@ constexpr float PANEL_GROW = 8.0f;       // styles drawn wider and lower grow by
 constexpr float TITLE_INSET = 6.0f;      // left-placed titles start this far in
 constexpr float TITLE_DROP = 12.0f;      // titles sit this far below the panel's top
 constexpr float TIP_ALPHA = 0.9f;
+constexpr float TITLE_HALF_ADVANCE = 3.0f;  // centred titles: half the label face's advance per character
 
 // How each panel style places its title and whether it grows, blends and which face it titles in.
 enum TitlePlace { TITLE_CENTRED, TITLE_INSET_X, TITLE_AT_ZERO };
@@ -159,7 +160,7 @@ void BTN_util_draw_panel(int32_t style, float x, float y, float width, float hei
     const SheetBlock& b = known ? BTN_sheet[SHEET_PANEL0 + style] : PANEL_FALLBACK;
     const PanelLook& look = known ? PANEL_LOOK[style] : LOOK_FALLBACK;
     float tx = 0.0f;
-    if (look.title == TITLE_CENTRED) tx = x + width / 2.0f - (float)(3 * text_length(title));
+    if (look.title == TITLE_CENTRED) tx = x + width / 2.0f - TITLE_HALF_ADVANCE * (float)text_length(title);
     if (look.title == TITLE_INSET_X) tx = x + TITLE_INSET;
     if (look.grows) y -= PANEL_GROW, width += PANEL_GROW, height += PANEL_GROW;
 

@@ -32,7 +32,9 @@ constexpr float SHEET_F = (float)SHEET_TEXELS;
 constexpr int32_t TEXT_FIRST = 33, TEXT_LAST = 124;  // text faces show codes 33..124 only
 constexpr int32_t PAIR_BASE = 127;                   // glyph number = (b0 - 1) * 127 + (b1 - 1)
 constexpr float BASELINE_DROP = 2.0f;                // a line's glyphs start 2 units below y
-constexpr float POINT_DROP = 1.0f;                   // the number drawer's point sits 1 lower
+constexpr float POINT_DROP = 1.0f;                   // the number drawer's point sits 1 lower ...
+constexpr float POINT_STEP = 1.5f;                   // ... and 1.5 advances right of the pen
+constexpr float COMMA_SHIFT = 5.0f;                  // a separator sits 5 units right of the pen
 constexpr int32_t DIGIT_FACE_COMMA = FACE_DIGIT_BOX;  // the only face with thousands separators
 
 bool is_break(char c) { return c == 0 || c == ' ' || c == '-' || c == '/' || c == ':'; }
@@ -139,7 +141,7 @@ void OGL_draw_number(int32_t color, float x, float y, float value, int32_t digit
         if (!(v <= FLT_MAX)) v = FLT_MAX;  // infinity and not-a-number show as the largest float
         for (; v >= 999.0f; v /= 10.0f) ++power;
         const int32_t m = ogl_round(v);
-        OGL_draw_glyph(p + 1.5f * a, y0 - POINT_DROP, '.', face);
+        OGL_draw_glyph(p + POINT_STEP * a, y0 - POINT_DROP, '.', face);
         place('0' + m / 100 % 10);
         place('0' + m / 10 % 10);
         place('0' + m % 10);
@@ -154,10 +156,10 @@ void OGL_draw_number(int32_t color, float x, float y, float value, int32_t digit
         };
         double p10 = 1e10;
         for (int32_t k = FONT_NUMBER_PLACES - 1; k >= 0; --k, p10 /= 10.0) {
-            if (decimals == k && k >= 1) OGL_draw_glyph(p + 1.5f * a, y0 - POINT_DROP, '.', face);
+            if (decimals == k && k >= 1) OGL_draw_glyph(p + POINT_STEP * a, y0 - POINT_DROP, '.', face);
             if (digits > k) place('0' + digit(p10));
             if (face == DIGIT_FACE_COMMA && k % 3 == 0 && k > 0 && digits - decimals > k)
-                OGL_draw_glyph(p + 5.0f - (float)decimals * a, y0, ',', face);
+                OGL_draw_glyph(p + COMMA_SHIFT - (float)decimals * a, y0, ',', face);
         }
     }
     qglEnd();

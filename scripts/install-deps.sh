@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   cmake make g++ pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
-  libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri
+  libsdl2-dev libgl-dev libegl-dev libgl1-mesa-dri zlib1g-dev
   xvfb xauth xdotool
   libfreetype-dev xfonts-base xfonts-baekmuk fonts-dejavu-core fonts-nanum
 )

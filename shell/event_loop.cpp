@@ -25,6 +25,7 @@ static float clock_t0 = 0.0f;
 static float last_mouse_x = 999.0f, last_mouse_y = 999.0f;
 static bool had_message = false;       // a message was delivered in this pass
 static float last_message_secs = 0.0f;  // elapsed_secs of the last pass that had one
+static int32_t paced_motion = OGL_STILL;
 
 void event_loop_reset() {
     window_painted = 0;
@@ -33,7 +34,10 @@ void event_loop_reset() {
     last_mouse_x = last_mouse_y = 999.0f;
     had_message = false;
     last_message_secs = 0.0f;
+    paced_motion = OGL_STILL;
 }
+
+int32_t event_loop_motion() { return paced_motion; }
 
 uint32_t pass_interval_us(float elapsed_secs, float last_message, int32_t motion) {
     if (elapsed_secs - last_message <= PASS_IDLE_AFTER_SECS || motion >= OGL_PULSING) return PASS_MIN_INTERVAL_US;
@@ -177,6 +181,7 @@ void MACIBM_event_pass() {
     // The motion of everything drawn since the last pace, modal loops' own drawing included.
     uint32_t interval = window_painted ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn)
                                        : PASS_MIN_INTERVAL_US;
+    paced_motion = OGL_pulse_drawn;
     OGL_pulse_drawn = OGL_STILL;
     plat_pace(interval, interval != PASS_MIN_INTERVAL_US);
 }

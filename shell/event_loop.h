@@ -31,6 +31,9 @@ constexpr uint32_t PASS_PULSE_INTERVAL_US = 55555;
 // more than PASS_IDLE_AFTER_SECS old, the interval the frame's motion (OGL_pulse_drawn) needs.
 uint32_t pass_interval_us(float elapsed_secs, float last_message_secs, int32_t motion);
 
+// The motion (OGL_pulse_drawn) the last pass was paced by.
+int32_t event_loop_motion();
+
 // The loop's own state back to program start: not painted, no time base, pointer at 999.
 void event_loop_reset();
 int32_t event_loop_painted();

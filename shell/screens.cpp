@@ -41,8 +41,10 @@ ScreenPanel screen_panel(int32_t id) {
 }
 
 const char* screen_intro_picture(int32_t lang) {
-    static const char* const pictures[6] = {"intro:english", "intro:french",  "intro:german",
-                                            "intro:italian", "intro:spanish", "intro:korean"};
+    // Named with their extension: the generated files are lower case, and file names are
+    // not case-blind everywhere.
+    static const char* const pictures[6] = {"intro:english.bmp", "intro:french.bmp",  "intro:german.bmp",
+                                            "intro:italian.bmp", "intro:spanish.bmp", "intro:korean.bmp"};
     return lang >= 0 && lang < 6 ? pictures[lang] : nullptr;
 }
 

@@ -122,18 +122,24 @@ TEST_F(Loop, TooltipSizeAndPlacementLimits) {
 }
 
 TEST_F(Loop, IdlePacingWaitsForInputUnlessTheFrameAnimates) {
-    struct { float elapsed, last_message; bool animated; uint32_t interval; } rows[] = {
-        {10, 9, false, PASS_MIN_INTERVAL_US},  {10, 7, false, PASS_MIN_INTERVAL_US},  // exactly 3 s: not yet
-        {10, 6.9f, false, PASS_IDLE_INTERVAL_US}, {10, 0, true, PASS_MIN_INTERVAL_US}};
+    struct { float elapsed, last_message; int32_t motion; uint32_t interval; } rows[] = {
+        {10, 9, OGL_STILL, PASS_MIN_INTERVAL_US}, {10, 7, OGL_STILL, PASS_MIN_INTERVAL_US},  // exactly 3 s: not yet
+        {10, 6.9f, OGL_STILL, PASS_IDLE_INTERVAL_US}, {10, 0, OGL_PULSING, PASS_MIN_INTERVAL_US},
+        {10, 0, OGL_SMALL_PULSE, PASS_PULSE_INTERVAL_US}, {10, 9, OGL_SMALL_PULSE, PASS_MIN_INTERVAL_US}};
     for (auto& r : rows)
-        EXPECT_EQ(pass_interval_us(r.elapsed, r.last_message, r.animated), r.interval) << r.last_message;
-    // A frame drawn with a pulsing colour is animated; one without is not.
-    app_set_hooks([] { OGL_set_color(57, 1.0f); }, nullptr, nullptr);
+        EXPECT_EQ(pass_interval_us(r.elapsed, r.last_message, r.motion), r.interval) << r.last_message;
+    EXPECT_TRUE(PASS_PULSE_INTERVAL_US >= 1000000 / 20 && PASS_PULSE_INTERVAL_US <= 1000000 / 15);
+    // A frame drawn with a pulsing colour moves; a small pulse does not raise a pulsing frame's
+    // pace, drawing done before the pass (a modal loop's) counts, and a frame of neither is still.
+    app_set_hooks([] { OGL_set_color(57, 1.0f), OGL_mark_pulse(OGL_SMALL_PULSE); }, nullptr, nullptr);
     pass(PLAT_MSG_PAINT);
-    EXPECT_EQ(OGL_pulse_drawn, 1);
+    EXPECT_EQ(event_loop_motion(), OGL_PULSING);
     app_set_hooks([] { OGL_set_color(60, 1.0f); }, nullptr, nullptr);
+    OGL_mark_pulse(OGL_SMALL_PULSE);
     pass();
-    EXPECT_EQ(OGL_pulse_drawn, 0);
+    EXPECT_EQ(event_loop_motion(), OGL_SMALL_PULSE);
+    pass();
+    EXPECT_EQ(event_loop_motion(), OGL_STILL);
     // A pending message ends an idle wait at once (a broken wake would sleep the full 20 s).
     plat_pace(0, false);
     plat_post_message(PlatMessage{PLAT_MSG_MOUSEMOVE, 0, xy(1, 1), 0});
