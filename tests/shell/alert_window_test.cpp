@@ -49,8 +49,6 @@ TEST_F(Screens, LanguageChooserSetsTheLanguageAndAccepts) {
 TEST_F(Screens, FatalAlertEndsTheProgramThroughTheShutDown) {
     auto fatal = [] {
         shutdown_set_step(SHUTDOWN_PREFS, [] { fputs("shut down in order\n", stderr); });
-        MACIBM_open_screen(SCREEN_MAIN);
-        post(PLAT_MSG_PAINT);
         post_press(BUTTON_X, BUTTON_Y);
         MACIBM_alert(0, "Disk on fire", "", "", "", ALERT_FATAL);
         fputs("returned\n", stderr);
