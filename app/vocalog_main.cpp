@@ -10,6 +10,8 @@
 #include "briefing/request.h"
 #include "briefing/world.h"
 #include "platform/platform.h"
+#include "base/alert.h"
+#include "shell/alert_window.h"
 #include "shell/app_hooks.h"
 #include "shell/event_loop.h"
 #include "shell/startup.h"
@@ -38,6 +40,20 @@ static void draw_then_quit() {
     quit_requested = 1;
 }
 
+// Loading calls for progress every few hundred lines; on a software renderer a whole frame each
+// time would cost more than the loading itself. A new message shows at once; the same message
+// at most every PROGRESS_MIN_MS.
+constexpr uint32_t PROGRESS_MIN_MS = 50;
+static void paced_progress(const char* message) {
+    static uint32_t last_ms = 0;
+    static char last_message[64] = "";
+    const uint32_t now = plat_ticks_ms();
+    if (strncmp(message, last_message, sizeof last_message - 1) == 0 && now - last_ms < PROGRESS_MIN_MS) return;
+    last_ms = now;
+    snprintf(last_message, sizeof last_message, "%s", message);
+    MACIBM_progress_screen(message);
+}
+
 static bool env_on(const char* name) {
     const char* v = getenv(name);
     return v && strcmp(v, "1") == 0;
@@ -52,6 +68,7 @@ int main() {
     }
     brief_screen_install();
     MACIBM_init();
+    progress_set(paced_progress);
     brief_load_world();
     if (env_on("VOCALOG_TRACE")) screen_draw = draw_and_trace;
     app_set_hooks(env_on("VOCALOG_EXIT_AFTER_FIRST_FRAME") ? draw_then_quit : screen_draw, nullptr, brief_write_file);
