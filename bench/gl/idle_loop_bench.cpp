@@ -2,6 +2,7 @@
 // process's CPU time (Mesa's rendering threads included) over wall-clock time.
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
 #include <cstring>
 #include <ctime>
 
@@ -10,7 +11,9 @@
 #include "graphics/qgl.h"
 #include "graphics/textures.h"
 #include "platform/platform.h"
+#include "shell/app_hooks.h"
 #include "shell/event_loop.h"
+#include "kit/list_picker.h"
 #include "window/gl_caps.h"
 #include "kit/boxes.h"
 #include "kit/font.h"
@@ -95,3 +98,23 @@ static void BM_PointerMovingEventLoop(benchmark::State& state) {
 }
 // About two seconds of passes at the loop's full pace.
 BENCHMARK(BM_PointerMovingEventLoop)->Arg(SCREEN_MAIN)->Arg(SCREEN_ALERT)->Iterations(240)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Idle with a list picker whose search field is active: only its text cursor pulses, so the
+// loop keeps a reduced pace instead of the full one or the idle one.
+static void draw_picker() {
+    static char names[40][LIST_NAME_SIZE], tags[40][LIST_TAG_SIZE];
+    static Text search = "KS";
+    static int32_t index = 20, field = SEARCH_CODE;
+    for (int i = 0; i < 40; ++i) snprintf(names[i], LIST_NAME_SIZE, "Airport %d", i), snprintf(tags[i], LIST_TAG_SIZE, "K%03d", i);
+    BTN_list_picker(300, 400, names[0], tags[0], &index, 0, 39, 0, search, &field);
+}
+static void BM_IdleWithPulsingCursor(benchmark::State& state) {
+    if (!settle(state)) return;
+    app_set_hooks(draw_picker, nullptr, nullptr);
+    double until = seconds(CLOCK_MONOTONIC) + PASS_IDLE_AFTER_SECS + 0.2;
+    while (seconds(CLOCK_MONOTONIC) < until) MACIBM_event_pass();
+    measure_passes(state, [](int64_t) {});
+    app_set_hooks(nullptr, nullptr, nullptr);
+}
+// About five seconds of idle passes at the cursor's pace.
+BENCHMARK(BM_IdleWithPulsingCursor)->Arg(SCREEN_MAIN)->Iterations(90)->Unit(benchmark::kMillisecond)->UseRealTime();
