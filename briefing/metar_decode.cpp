@@ -43,6 +43,11 @@ static float extend(const Group& g, float value, int32_t i, const char* stops) {
     return value * 10.0f + g.digit(i);
 }
 
+// One to three digits from position i; the second and third each unless one of `stops` or the end.
+static float number_at(const Group& g, int32_t i, const char* stops) {
+    return extend(g, extend(g, g.digit(i), i + 1, stops), i + 2, stops);
+}
+
 // The state of one decoding: the fields to write and what earlier groups left behind.
 struct Decoding {
     const WxFields& o;
@@ -70,28 +75,18 @@ static void scan_wind(const Group& g, int32_t i, Decoding& d) {
         *d.o.wind_dir = (float)rand_next() * 360.0f / (float)RAND_TOP;
     else
         *d.o.wind_dir = g.digit(0) * 100.0f + g.digit(1) * 10.0f + g.digit(2);
-    float speed = g.digit(3);
-    speed = extend(g, speed, 4, "GKT");
-    speed = extend(g, speed, 5, "GKT");
+    const float speed = number_at(g, 3, "GKT");
     *d.o.wind_speed = speed;
     *d.o.gust = 0.0f;
-    for (int32_t j = 0; j < g.len; ++j) {
-        if (g.s[j] != 'G') continue;
-        float gust = g.digit(j + 1);
-        gust = extend(g, gust, j + 2, "KT");
-        gust = extend(g, gust, j + 3, "KT");
-        *d.o.gust = gust - speed;
-    }
+    for (int32_t j = 0; j < g.len; ++j)
+        if (g.s[j] == 'G') *d.o.gust = number_at(g, j + 1, "KT") - speed;
     d.wind_index = i;
 }
 
 // shear := 'WS' x x x '/' x x x g [g [g]] ...     (the gust against the current wind speed)
 static void scan_wind_shear(const Group& g, int32_t i, Decoding& d) {
     if (g.at(0) != 'W' || g.at(1) != 'S' || g.at(5) != '/') return;
-    float gust = g.digit(9);
-    gust = extend(g, gust, 10, "KT");
-    gust = extend(g, gust, 11, "KT");
-    *d.o.gust = gust - *d.o.wind_speed;
+    *d.o.gust = number_at(g, 9, "KT") - *d.o.wind_speed;
     d.wind_index = i;
 }
 
