@@ -9,7 +9,12 @@
 
 AircraftRecord acf_rec;
 
-void acf_reset() { memset(acf_rec.block, 0, sizeof acf_rec.block); }
+static int32_t block_used = 0;  // bytes of the block that may be non-zero
+
+void acf_reset() {
+    memset(acf_rec.block, 0, (size_t)block_used);
+    block_used = 0;
+}
 
 // Reverses every word of each text field once more after the whole-block reversal, which
 // restores the texts: the introduction, two long texts, four tables of 57 short texts
@@ -42,12 +47,14 @@ int32_t acf_read(int32_t aircraft, const char* path) {
         fio_close();
         return 0;
     }
+    block_used = size;
     fio_read_bytes(acf_rec.block, size);
     fio_close();
 
     int32_t flag;
     memcpy(&flag, acf_rec.block + ACF_OFS_BYTE_ORDER, 4);
     if (flag != 0) {
+        block_used = ACF_BLOCK_SIZE;
         for (int32_t o = 0; o < ACF_BLOCK_SIZE; o += 4) fio_swap4(acf_rec.block + o);
         restore_texts();
     }

@@ -1,16 +1,17 @@
 // Index from a 4-character airport code to the airports that carry it, in table order.
 // Open addressing over fixed arrays, one 16-byte slot per distinct code holding its first
 // airport and that airport's position, so that a weather report costs one slot visit;
-// further airports of the same code are linked in table order.
+// further airports of the same code are linked in table order. The scan builds it once;
+// lookups only check that the table has not been reset or grown since.
 #include "briefing/airport_index.h"
 
 #include <cstring>
 
 #include "briefing/airports.h"
+#include "platform/platform.h"
 
-constexpr uint32_t IDX_BITS = 15;
-constexpr uint32_t IDX_SLOTS = 1u << IDX_BITS;  // at most two thirds full at the table's limit
-constexpr uint32_t IDX_MASK = IDX_SLOTS - 1;
+constexpr uint32_t IDX_MAX_BITS = 15;  // at most two thirds full at the table's limit
+constexpr uint32_t IDX_MIN_BITS = 8;
 
 struct Slot {
     uint32_t key;
@@ -18,12 +19,24 @@ struct Slot {
     float lat, lon;
 };
 
-static Slot slots[IDX_SLOTS];
-static int32_t slot_tail[IDX_SLOTS];  // last airport linked so far, while building
-static uint32_t air_key[APT_MAX];     // each airport's key and position at the last build
-static float air_lat[APT_MAX], air_lon[APT_MAX];
-static int32_t air_next[APT_MAX];
-static int32_t indexed_count = -2;    // airport count at the last build; -2: never built
+// Only the first 2^idx_bits slots are in use: about one and a half per airport, so a small
+// list touches a small part of the tables; a big one has them on one large page.
+struct alignas(PLAT_LARGE_PAGE) IndexTables {
+    Slot slots[1u << IDX_MAX_BITS];
+    int32_t slot_tail[1u << IDX_MAX_BITS];  // last airport linked so far, while building
+    float air_lat[APT_MAX], air_lon[APT_MAX];  // each airport's position at the build
+    int32_t air_next[APT_MAX];
+};
+static IndexTables idx;
+static Slot (&slots)[1u << IDX_MAX_BITS] = idx.slots;
+static int32_t (&slot_tail)[1u << IDX_MAX_BITS] = idx.slot_tail;
+static float (&air_lat)[APT_MAX] = idx.air_lat;
+static float (&air_lon)[APT_MAX] = idx.air_lon;
+static int32_t (&air_next)[APT_MAX] = idx.air_next;
+constexpr int32_t IDX_LARGE = 8192;  // airports from which the large page pays
+static uint32_t idx_bits = IDX_MIN_BITS;
+static bool built = false;          // the index answers for the table as it stands
+static int32_t indexed_count = -2;  // airport count at the last build
 
 uint32_t apt_code_key(const char* code) {
     unsigned char b[4];
@@ -35,22 +48,21 @@ uint32_t apt_code_key(const char* code) {
 }
 
 static uint32_t slot_of(uint32_t key) {
-    uint32_t s = (key * 2654435761u) >> (32 - IDX_BITS);
-    while (slots[s].head >= 0 && slots[s].key != key) s = (s + 1) & IDX_MASK;
+    const uint32_t mask = (1u << idx_bits) - 1;
+    uint32_t s = (key * 2654435761u) >> (32 - idx_bits);
+    while (slots[s].head >= 0 && slots[s].key != key) s = (s + 1) & mask;
     return s;
 }
 
-static int32_t table_last() {
-    int32_t n = apt_table.airport_count;
-    return n < APT_MAX ? n : APT_MAX - 1;
-}
-
 void apt_build_index() {
-    for (Slot& s : slots) s.head = -1;
-    int32_t last = table_last();
+    int32_t n = apt_table.airport_count;
+    int32_t last = n < APT_MAX ? n : APT_MAX - 1;
+    idx_bits = IDX_MIN_BITS;
+    while (idx_bits < IDX_MAX_BITS && (1 << idx_bits) < (last + 1) * 3 / 2) ++idx_bits;
+    if (last + 1 >= IDX_LARGE) plat_large_pages(&idx, sizeof idx);
+    for (uint32_t s = 0; s < 1u << idx_bits; ++s) slots[s].head = -1;
     for (int32_t i = 0; i <= last; ++i) {
         uint32_t key = apt_code_key(apt_table.apt_code[i]);
-        air_key[i] = key;
         air_lat[i] = apt_lat(i);
         air_lon[i] = apt_lon(i);
         air_next[i] = -1;
@@ -59,26 +71,14 @@ void apt_build_index() {
         else air_next[slot_tail[s]] = i;
         slot_tail[s] = i;
     }
-    indexed_count = apt_table.airport_count;
+    indexed_count = n;
+    built = true;
 }
 
-static uint32_t bits(float f) {
-    uint32_t u;
-    memcpy(&u, &f, 4);
-    return u;
-}
+void apt_index_invalidate() { built = false; }
 
 void apt_index_ensure() {
-    bool stale = indexed_count != apt_table.airport_count;
-    if (!stale) {
-        int32_t last = table_last();
-        uint32_t differ = 0;
-        for (int32_t i = 0; i <= last; ++i)
-            differ |= (apt_code_key(apt_table.apt_code[i]) ^ air_key[i]) | (bits(apt_lat(i)) ^ bits(air_lat[i])) |
-                      (bits(apt_lon(i)) ^ bits(air_lon[i]));
-        stale = differ != 0;
-    }
-    if (stale) apt_build_index();
+    if (!built || indexed_count != apt_table.airport_count) apt_build_index();
 }
 
 AptMatch apt_index_find(uint32_t key) {

@@ -16,10 +16,12 @@ inline float apt_distance_between(float apt_lat, float apt_lon, float lat, float
 }
 
 // Builds the index over airports 0 to airport count of apt_table, keeping each airport's
-// code and position. The scan calls it at its end; apt_index_ensure rebuilds it whenever
-// the table has changed since (count, a code or a position), so hand-filled tables work.
+// position. The scan calls it at its end; apt_index_ensure rebuilds it when the table was
+// reset (or filled by hand after a reset) or its airport count changed since. A table changed
+// by hand in place (a code or a position) needs apt_index_invalidate first.
 void apt_build_index();
 void apt_index_ensure();
+void apt_index_invalidate();
 
 // A visit of the airports with one code, lowest index first; the index must be current.
 struct AptMatch {

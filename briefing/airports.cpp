@@ -4,13 +4,37 @@
 #include <cstring>
 
 #include "briefing/airport_index.h"
+#include "platform/platform.h"
 
-AirportTable apt_table;
+alignas(PLAT_LARGE_PAGE) AirportTable apt_table;  // aligned for large pages (apt_scan)
+
+// Entries at or past these may have been written since the last reset; all later ones are zero.
+static int32_t used_airports = 0, used_runways = 0;
+
+void apt_note_used() {
+    if (apt_table.airport_count + 1 > used_airports) used_airports = apt_table.airport_count + 1;
+    if (apt_table.runway_count + 1 > used_runways) used_runways = apt_table.runway_count + 1;
+}
+
+// Zero-fills entries [0, n) of one table column.
+template <typename T, size_t N>
+static void clear(T (&column)[N], int32_t n) {
+    memset(column, 0, sizeof(T) * (size_t)(n < (int32_t)N ? n : (int32_t)N));
+}
 
 void apt_reset() {
-    memset(&apt_table, 0, sizeof apt_table);
-    apt_table.airport_count = -1;
-    apt_table.runway_count = -1;
+    apt_note_used();
+    AirportTable& t = apt_table;
+    const int32_t a = used_airports, r = used_runways;
+    clear(t.apt_elev, a), clear(t.apt_tower, a), clear(t.apt_bldg, a), clear(t.apt_code, a), clear(t.apt_name, a);
+    clear(t.apt_first_rwy, a), clear(t.apt_last_rwy, a), clear(t.twr_lat, a), clear(t.twr_lon, a);
+    clear(t.twr_hgt, a), clear(t.start_lat, a), clear(t.start_lon, a), clear(t.start_hdg, a);
+    clear(t.rwy_lat, r), clear(t.rwy_lon, r), clear(t.rwy_num, r), clear(t.rwy_hdg, r), clear(t.rwy_len, r);
+    clear(t.rwy_ovr1, r), clear(t.rwy_ovr2, r), clear(t.rwy_width, r), clear(t.rwy_code, r);
+    used_airports = used_runways = 0;
+    t.airport_count = -1;
+    t.runway_count = -1;
+    apt_index_invalidate();
 }
 
 // An airport's first runway index can lie one past the last runway read (an airport

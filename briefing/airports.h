@@ -27,8 +27,11 @@ struct AirportTable {
 
 extern AirportTable apt_table;  // process-wide, zero-filled at start
 
-// Zero-fills the tables and sets both counts to -1 (tests and a fresh scan start here).
+// Zero-fills the tables and sets both counts to -1 (tests and a fresh scan start here). Only
+// the entries written since the last reset are touched.
 void apt_reset();
+// Notes the counts as entries that may hold data (a scan restarts its counts at -1).
+void apt_note_used();
 
 // Position of airport i: its first runway's latitude and longitude (degrees).
 float apt_lat(int32_t i);

@@ -1,10 +1,16 @@
 // The token-wise scan of apt.dat into the airport table, and its four line readers.
+#include <cstdint>
 #include <cstring>
 
 #include "briefing/airport_index.h"
 #include "briefing/airports.h"
+#include "platform/platform.h"
 #include "base/alert.h"
 #include "util/file_reader.h"
+
+// An airport list this big fills most of the tables: large pages then save thousands of
+// page faults, while a small list keeps to the few small pages it touches.
+constexpr int64_t APT_LARGE_FILE = 4 << 20;
 
 // Brought into 0..360 once: below 0 gains 360, above 360 loses 360.
 static float heading_in_range(float h) {
@@ -32,19 +38,24 @@ void fio_apt_line(float* elev, int32_t* tower, int32_t* bldg, char* code, char* 
 
 void fio_rwy_line(float* lat, float* lon, char* number, float* heading, float* length, float* overrun1,
                   float* overrun2, float* width, int32_t* code, int32_t read) {
-    float la = fio_read_flt("scan rwy rwy_lat");
-    float lo = fio_read_flt("scan rwy rwy_lon");
-    char num[4];
-    num[0] = fio_read_char();
-    num[1] = fio_read_char();
-    num[2] = fio_read_char();
-    num[3] = 0;
-    float h = heading_in_range(fio_read_flt("scan rwy rwy_hdng"));
-    float len = fio_read_flt("scan rwy rwy_len");
-    float o1 = fio_read_flt("scan rwy rwy_overun");
-    float o2 = fio_read_flt("scan rwy rwy_overun");
-    float w = fio_read_flt("scan rwy rwy_width");
-    int32_t c = fio_read_int("scan rwy rwy_code");
+    float la, lo, h, len, o1, o2, w;
+    int32_t c;
+    char num[4] = {};
+    void* const fields[] = {&la, &lo, &num[0], &num[1], &num[2], &h, &len, &o1, &o2, &w, &c};
+    if (!fio_read_fields("ffcccfffffi", fields)) {  // the common line at once, else field by field
+        la = fio_read_flt("scan rwy rwy_lat");
+        lo = fio_read_flt("scan rwy rwy_lon");
+        num[0] = fio_read_char();
+        num[1] = fio_read_char();
+        num[2] = fio_read_char();
+        h = fio_read_flt("scan rwy rwy_hdng");
+        len = fio_read_flt("scan rwy rwy_len");
+        o1 = fio_read_flt("scan rwy rwy_overun");
+        o2 = fio_read_flt("scan rwy rwy_overun");
+        w = fio_read_flt("scan rwy rwy_width");
+        c = fio_read_int("scan rwy rwy_code");
+    }
+    h = heading_in_range(h);
     if (read != 1) return;
     *lat = la;
     *lon = lo;
@@ -108,6 +119,8 @@ static void runway_record() {
 
 void apt_scan(const char* path) {
     AirportTable& t = apt_table;
+    if (fio_stream()->size >= APT_LARGE_FILE) plat_large_pages(&t, sizeof t);  // the tables fill up
+    apt_note_used();
     t.airport_count = -1;
     t.runway_count = -1;
     for (;;) {

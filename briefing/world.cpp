@@ -21,9 +21,7 @@ static void scan_airports() {
     if (!fio_open(path, FILE_TYPE_TEXT, 600, 1))
         MACIBM_alert(0, "I am unable to access a nav or airport data file!", "The path I am looking at is as follows:",
                      path, "Make sure the file listed above is available in the path listed above!", ALERT_NOTE);
-    apt_table.airport_count = -1;
-    apt_table.runway_count = -1;
-    apt_scan(path);
+    apt_scan(path);  // from counts of -1; the table is first touched there (large pages for a big file)
     fio_close();
 }
 

@@ -29,6 +29,13 @@ bool plat_make_folders(const char* folder);
 using PlatListFn = bool (*)(const char* name, bool is_folder, void* ctx);
 int plat_list_folder(const char* folder, PlatListFn each, void* ctx);
 
+// The size of the large pages plat_large_pages asks for; tables meant for them are aligned to it.
+constexpr size_t PLAT_LARGE_PAGE = 2u << 20;
+// Asks for [start, start + size) to be backed by large pages where the system has them, so
+// that a big table filled in one go costs a few page faults instead of thousands. Nothing
+// happens where it cannot.
+void plat_large_pages(void* start, size_t size);
+
 // ---- saving a file (platform/posix) ----
 
 // How a save writes its file: a new file put in place of the target at the end (the target

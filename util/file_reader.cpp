@@ -182,6 +182,10 @@ void fio_read_line(char* buf, int32_t size) {
     buf[kept] = 0;
 }
 
+int32_t fio_read_fields(const char* kinds, void* const out[]) {
+    return !slot_binary[fio_cur_slot] && fs_read_fields(fio_stream(), kinds, out) ? 1 : 0;
+}
+
 void fio_read_bytes(void* buf, int32_t count) { fs_read(fio_stream(), buf, (size_t)count); }
 
 void fio_close() { fs_close(fio_stream()); }

@@ -23,6 +23,8 @@ char fio_read_char();                        // one character after white space
 void fio_read_word(char* buf, int32_t size);
 void fio_read_line(char* buf, int32_t size);
 void fio_read_bytes(void* buf, int32_t count);
+// A text file's fields in one pass (fs_read_fields); 0 when the reads one by one must decide.
+int32_t fio_read_fields(const char* kinds, void* const out[]);
 void fio_swap4(void* p);
 void fio_scan_ok(const char* label);         // fatal "File-scanning error!" on a failed stream
 void fio_close();

@@ -17,7 +17,11 @@ void fs_open(FileStream* s, const char* path, bool text) {
     s->pos = s->len = 0;
     s->drained = false;
     s->state = s->file ? 0 : FS_FAIL;
-    if (s->file) setvbuf(s->file, nullptr, _IONBF, 0);
+    s->size = 0;
+    if (!s->file) return;
+    setvbuf(s->file, nullptr, _IONBF, 0);
+    if (fseeko(s->file, 0, SEEK_END) == 0) s->size = ftello(s->file);
+    if (fseeko(s->file, 0, SEEK_SET) != 0) s->state = FS_BAD;
 }
 
 void fs_close(FileStream* s) {
@@ -268,34 +272,12 @@ bool fs_read_int(FileStream* s, int32_t* out) {
 static const double kPow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-// The common short decimal, converted exactly: at most 15 significant digits and a
-// power of ten up to 22 give one correctly rounded double; rounding that to float is
-// then correct unless the double sits exactly on a midpoint between two floats (or
-// the result is not a normal float), which is left to the general conversion.
-static bool quick_float(const char* p, const char* end, float* out) {
-    bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
-    uint64_t m = 0;
-    int sig = 0, scale = 0;
-    bool any = false;
-    for (; p < end && is_digit((unsigned char)*p); ++p, any = true)
-        if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
-    if (p < end && *p == '.')
-        for (++p; p < end && is_digit((unsigned char)*p); ++p, any = true) {
-            if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
-            --scale;
-        }
-    if (!any || sig > 15) return false;
-    if (p < end) {  // exponent
-        ++p;
-        bool eneg = false;
-        if (p < end && (*p == '+' || *p == '-')) eneg = *p++ == '-';
-        int e = 0, n = 0;
-        for (; p < end && is_digit((unsigned char)*p); ++p, ++n)
-            if (n < 4) e = e * 10 + (*p - '0');  // longer exponents go to the general conversion
-        if (n == 0 || n > 4) return false;
-        scale += eneg ? -e : e;
-    }
+// m x 10^scale as a float, exactly, where one double operation gets it: at most 15
+// significant digits and a power of ten up to 22 give one correctly rounded double; rounding
+// that to float is then correct unless the double sits exactly on a midpoint between two
+// floats (or the result is not a normal float), which is left to the general conversion.
+static bool exact_float(uint64_t m, int sig, int scale, bool negative, float* out) {
+    if (sig > 15) return false;
     if (m == 0) {
         *out = negative ? -0.0f : 0.0f;
         return true;
@@ -310,11 +292,76 @@ static bool quick_float(const char* p, const char* end, float* out) {
     return true;
 }
 
+// The common short decimal of a whole token [p, end), converted exactly (exact_float).
+static bool quick_float(const char* p, const char* end, float* out) {
+    bool negative = false;
+    if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
+    uint64_t m = 0;
+    int sig = 0, scale = 0;
+    bool any = false;
+    for (; p < end && is_digit((unsigned char)*p); ++p, any = true)
+        if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
+    if (p < end && *p == '.')
+        for (++p; p < end && is_digit((unsigned char)*p); ++p, any = true) {
+            if (m || *p != '0') m = m * 10 + (uint64_t)(*p - '0'), ++sig;
+            --scale;
+        }
+    if (!any) return false;
+    if (p < end) {  // exponent
+        ++p;
+        bool eneg = false;
+        if (p < end && (*p == '+' || *p == '-')) eneg = *p++ == '-';
+        int e = 0, n = 0;
+        for (; p < end && is_digit((unsigned char)*p); ++p, ++n)
+            if (n < 4) e = e * 10 + (*p - '0');  // longer exponents go to the general conversion
+        if (n == 0 || n > 4) return false;
+        scale += eneg ? -e : e;
+    }
+    return exact_float(m, sig, scale, negative, out);
+}
+
+// The same for a token without an exponent, scanned and converted in one pass: the end of
+// the token, or null when it is not such a token or needs the general conversion.
+static const unsigned char* one_pass_float(const unsigned char* p, float* out) {
+    bool negative = *p == '-';
+    if (*p == '+' || *p == '-') ++p;
+    uint64_t m = 0;
+    int sig = 0, scale = 0;
+    const unsigned char* first = p;
+    for (; is_digit(*p); ++p) {
+        uint64_t d = (uint64_t)(*p - '0');
+        sig += (m | d) != 0;
+        m = m * 10 + d;
+    }
+    if (*p == '.') {
+        const unsigned char* f = ++p;
+        for (; is_digit(*p); ++p) {
+            uint64_t d = (uint64_t)(*p - '0');
+            sig += (m | d) != 0;
+            m = m * 10 + d;
+        }
+        scale = -(int)(p - f);
+        if (p - first == 1) return nullptr;  // "." alone
+    } else if (p == first) {
+        return nullptr;
+    }
+    if (*p == 'e' || *p == 'E') return nullptr;
+    return exact_float(m, sig, scale, negative, out) ? p : nullptr;
+}
+
 bool fs_read_float(FileStream* s, float* out) {
     *out = 0;
     if (!fs_skip_space(s)) return false;
     // Fast path: scan and convert in one pass when the token ends inside the window.
     const unsigned char* p0 = s->block + s->pos;
+    if (const unsigned char* q = one_pass_float(p0, out)) {
+        size_t stop = (size_t)(q - s->block);
+        if (stop < s->len || s->drained) {
+            s->pos = stop;
+            if (stop >= s->len) s->state |= FS_EOF;
+            return true;
+        }
+    }
     const unsigned char* q = number_end(p0, true);
     size_t stop = (size_t)(q - s->block);
     if (stop < s->len || s->drained) {
@@ -357,5 +404,36 @@ bool fs_read_char(FileStream* s, char* out) {
     if (!fs_skip_space(s)) return false;
     int c = take(s);
     *out = (char)c;
+    return true;
+}
+
+// A token's integer value without an exponent or a sign past 18 digits: its end, or null.
+static const unsigned char* one_pass_int(const unsigned char* p, int32_t* out) {
+    bool negative = *p == '-';
+    if (*p == '+' || *p == '-') ++p;
+    const unsigned char* digits = p;
+    uint64_t v = 0;
+    while (is_digit(*p) && p - digits < 18) v = v * 10 + (uint64_t)(*p++ - '0');
+    if (p == digits || is_digit(*p) || v > (negative ? 2147483648ull : 2147483647ull)) return nullptr;
+    *out = negative ? (int32_t)(0 - v) : (int32_t)v;
+    return p;
+}
+
+bool fs_read_fields(FileStream* s, const char* kinds, void* const out[]) {
+    if (s->state) return false;
+    fill(s, FS_FIELDS_VIEW);
+    const unsigned char* p = s->block + s->pos;
+    const unsigned char* end = s->block + s->len;
+    for (int k = 0; kinds[k]; ++k) {
+        while (is_space(*p)) ++p;
+        if (p >= end) return false;  // the data ends, or more is to be read: the field reads decide
+        if (kinds[k] == 'c') {
+            *(char*)out[k] = (char)*p++;
+            continue;
+        }
+        p = kinds[k] == 'f' ? one_pass_float(p, (float*)out[k]) : one_pass_int(p, (int32_t*)out[k]);
+        if (!p || p >= end) return false;
+    }
+    s->pos = (size_t)(p - s->block);
     return true;
 }

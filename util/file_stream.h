@@ -6,8 +6,9 @@
 
 enum : uint8_t { FS_EOF = 1, FS_FAIL = 2, FS_BAD = 4 };
 
-constexpr size_t FS_BLOCK = 256 * 1024;  // bytes read from the file at a time
+constexpr size_t FS_BLOCK = 64 * 1024;   // bytes read from the file at a time
 constexpr size_t FS_LOOKAHEAD = 64;      // bytes kept in view while a number is parsed
+constexpr size_t FS_FIELDS_VIEW = 1024;  // bytes kept in view for a line of fields read at once
 
 struct FileStream {
     FILE* file = nullptr;
@@ -15,6 +16,7 @@ struct FileStream {
     uint8_t state = 0;      // FS_ bits; 0 is clean
     bool drained = false;   // the file has no more bytes to give
     size_t pos = 0, len = 0;
+    int64_t size = 0;       // bytes in the file when it was opened
     unsigned char block[FS_BLOCK + 1];
 };
 
@@ -41,3 +43,10 @@ bool fs_read_float(FileStream* s, float* out);
 bool fs_skip_space(FileStream* s);
 // One character after skipping white space.
 bool fs_read_char(FileStream* s, char* out);
+
+// Reads several fields in one pass when they all lie in the buffered window in their common
+// form: `kinds` holds one letter a field ('f' float, 'i' 32-bit integer, 'c' character after
+// white space) and `out` the places they go. The result is what the reads one by one would
+// give; false (nothing taken, the stream as it was, `out` perhaps written) where those must
+// decide instead.
+bool fs_read_fields(FileStream* s, const char* kinds, void* const out[]);

@@ -1,4 +1,4 @@
-// Tick count, program and per-user folders and folder listing on POSIX systems.
+// Tick count, program and per-user folders, folder listing and large pages on POSIX systems.
 #include "platform/platform.h"
 
 #include <cerrno>
@@ -8,6 +8,7 @@
 #include <cstring>
 #include <ctime>
 #include <dirent.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -85,4 +86,10 @@ int plat_list_folder(const char* folder, PlatListFn each, void* ctx) {
     }
     closedir(d);
     return count;
+}
+
+void plat_large_pages(void* start, size_t size) {
+    uintptr_t from = ((uintptr_t)start + PLAT_LARGE_PAGE - 1) & ~(uintptr_t)(PLAT_LARGE_PAGE - 1);
+    uintptr_t to = (uintptr_t)start + size;
+    if (to > from) madvise((void*)from, to - from, MADV_HUGEPAGE);
 }

@@ -121,3 +121,20 @@ TEST(FindCode, KindsCodesAndTies) {
         EXPECT_EQ(index, r.index) << r.code << " kind " << r.kind;
     }
 }
+
+// The reset clears only the entries written since the last one, which must be all of them:
+// also those of a longer scan that a shorter one followed without a reset.
+TEST(AirportScan, ResetLeavesEveryEntryZero) {
+    static AirportTable zero;
+    std::string many;
+    for (int i = 0; i < 50; ++i) many += "1 1 1 1 K" + std::to_string(100 + i) + " N\n" + rwy("1 2", "09L", "90") +
+                                         "14 1 1 1 T\n15 1 1 1 S\n";
+    scan(many + "99\n");
+    strcpy(path, test_write_file(test_temp_dir(), "apt.dat", "I\n600 x\n1 1 1 1 KONE One\n99\n").c_str());
+    ASSERT_EQ(fio_open(path, 0, 600, 1), 1);
+    apt_scan(path);
+    fio_close();
+    zero.airport_count = zero.runway_count = -1;
+    apt_reset();
+    EXPECT_EQ(memcmp(&apt_table, &zero, sizeof zero), 0);
+}

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "briefing/airport_index.h"
 #include "briefing/airports.h"
 #include "briefing/weather.h"
 #include "tests/support/sim_files.h"
@@ -89,8 +90,10 @@ TEST_F(WeatherLookup, NearestStationAndTies) {
     EXPECT_EQ(found(file, 0, 3.5f), "1 at 46800");
     // The table changed by hand after the index was built: a code, then a position.
     apt_table.apt_code[3][0] = 'X';
+    apt_index_invalidate();
     EXPECT_EQ(found(file), "2 at 43200");  // KCCC met before KBBB at the same distance
     apt_table.rwy_lon[1] = 4.9f;
+    apt_index_invalidate();
     EXPECT_EQ(found(file), "1 at 46800");
 }
 

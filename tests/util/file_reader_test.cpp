@@ -139,3 +139,34 @@ TEST_F(FileReaderDeathTest, ScanFailuresWrongVersionsAndBadSlotAreFatal) {
     EXPECT_EXIT((fio_cur_slot = 2, open("I\n", FILE_TYPE_TEXT, 0)), ExitedWithCode(0),
                 HasSubstr(test_alert_text("Bad file-use index!", "", "", "")));
 }
+
+// A line of fields read at once gives what the reads one by one give, or leaves them to it.
+TEST_F(FileReader, FieldsAtOnceAsOneByOne) {
+    const struct { S line; bool at_once; } rows[] = {  // each line that is read at once ends in 42
+        {" 31.297462  -84.962794 32C 318.87   7567     0     0   98 983745\n 42", true},
+        {"+1.5 -.5 a b c 5. 0.000001 123456789012345 1e2 7\n", false},  // an exponent: one by one
+        {"1 2 x y z 3 4 5 6 7 2147483648\n", false},                    // past 32 bits: the read fails
+        {"1 2\nx\ty\r\nz 3 4 5 6 7 8\n 42", true},                      // fields across line ends
+        {"0.1 0.2 a b c 0.3 0.4 0.5 0.6 0.7 99", false},                 // the data ends in the last field
+        {"1.2.3 4 ab 5 6 7 8 9 10 42", true},                            // a number ends where its form does
+    };
+    for (const auto& r : rows) {
+        float f[7] = {}, g[7] = {};
+        int32_t i = 0, j = 0;
+        char c[3] = {}, d[3] = {};
+        void* const out[] = {&f[0], &f[1], &c[0], &c[1], &c[2], &f[2], &f[3], &f[4], &f[5], &f[6], &i};
+        ASSERT_EQ(open("I\n" + r.line, 0, 0), 1);
+        int32_t at_once = fio_read_fields("ffcccfffffi", out);
+        int32_t after = at_once ? fio_read_int("after") : 0;
+        EXPECT_EQ(at_once, r.at_once ? 1 : 0) << r.line;
+        if (!at_once) continue;
+        ASSERT_EQ(open("I\n" + r.line, 0, 0), 1);
+        g[0] = fio_read_flt("f"), g[1] = fio_read_flt("f");
+        for (char& x : d) x = fio_read_char();
+        for (int k = 2; k < 7; ++k) g[k] = fio_read_flt("f");
+        j = fio_read_int("i");
+        EXPECT_EQ(memcmp(f, g, sizeof f), 0) << r.line;
+        EXPECT_EQ(S(c, 3) + std::to_string(i), S(d, 3) + std::to_string(j)) << r.line;
+        EXPECT_EQ(after, 42) << r.line;
+    }
+}
