@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The whole program in a real X window: a first start from a fresh per-user folder shows the
 # language chooser, Return accepts English; the briefing screen opens on the first airport of
-# apt.dat with "untitled.acf" and 5000 feet; a typed code moves the departure; the briefing
+# apt.dat with "untitled.acf" and 5000 feet; the aircraft button's chooser picks an aircraft; a
+# typed code moves the departure; the briefing
 # button composes; File > write shows the note alert and writes Vocalog.txt; File > quit ends
 # with status 0 and the language saved; a second start skips the chooser.
 # usage: vocalog_program_test.sh VOCALOG_PROGRAM   (runs itself under xvfb-run)
@@ -44,9 +45,12 @@ sleep 2
 xdotool key Return
 await "screen departure=$first destination=$first aircraft=untitled.acf altitude=5000 briefed=0"
 
+click 47 684; sleep 1              # the aircraft button opens the chooser on the Aircraft folder
+click 465 344                      # two rows above the middle one: C172SP.acf
+await "aircraft=C172SP.acf altitude=5000"
 click 309 377                      # the departure picker's code field
 xdotool type --delay 80 KSEA
-await "departure=KSEA destination=$first"
+await "departure=KSEA destination=$first aircraft=C172SP.acf"
 click 691 684                      # the briefing button
 await "departure=KSEA .* briefed=1"
 
@@ -57,6 +61,7 @@ xdotool key Return
 for _ in $(seq 50); do [ -s Vocalog.txt ] && break; sleep 0.1; done
 [ "$(tr -cd '\n' < Vocalog.txt | wc -c)" = 8 ] || fail "Vocalog.txt does not hold eight line ends"
 grep -q "Seattle-Tacoma" Vocalog.txt || fail "Vocalog.txt is not a briefing from KSEA"
+grep -q "this is N172SP, a C172SP" Vocalog.txt || fail "the introduction does not name the chosen aircraft"
 quit
 prefs="$XDG_DATA_HOME/Zephyra/Corvane 6 Language & Res.prf"
 [ "$(od -An -tx1 -j21 -N4 "$prefs" | tr -d ' ')" = 00000000 ] || fail "language 0 was not saved"
