@@ -67,6 +67,7 @@ int main() {
         return 1;
     }
     brief_screen_install();
+    app_set_start_work(brief_scan_start);  // apt.dat is read while the window and GL come up
     MACIBM_init();
     progress_set(paced_progress);
     brief_load_world();

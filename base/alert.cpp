@@ -21,6 +21,17 @@ void alert_set_window(AlertWindowFn fn) { window_fn = fn; }
 void alert_set_fatal_end(AlertEndFn fn) { end_fn = fn; }
 void progress_set(ProgressFn fn) { progress_fn = fn; }
 
+static thread_local DeferredAlerts* deferred = nullptr;
+static thread_local AlertEndFn deferred_end = nullptr;
+
+void alert_defer_on(DeferredAlerts* into, AlertEndFn end) {
+    into->count = 0;
+    deferred = into;
+    deferred_end = end;
+}
+
+void alert_defer_off() { deferred = nullptr; }
+
 static const char* const about_lines[3] = {
     "Vocalog 1.0, the pre-flight weather briefer of the Zephyra suite.",
     "Orders and support: write to the Zephyra team through the suite's home page.",
@@ -53,8 +64,25 @@ static void copy_line(const char* src, char* dst) {
     std::exit(0);
 }
 
+// Records an alert of a deferring thread; a fatal one ends the work there.
+static void record(const char* const src[4], int32_t kind) {
+    DeferredAlerts& d = *deferred;
+    if (d.count == ALERT_DEFERRED_MAX && kind != ALERT_FATAL) return;  // full: later notes are dropped
+    const int32_t k = d.count < ALERT_DEFERRED_MAX ? d.count++ : ALERT_DEFERRED_MAX - 1;
+    d.kind[k] = kind;
+    for (int i = 0; i < 4; ++i) copy_line(src[i], d.lines[k][i]);
+    if (kind != ALERT_FATAL) return;
+    deferred = nullptr;
+    deferred_end();
+}
+
 void MACIBM_alert(int32_t return_screen, const char* line1, const char* line2, const char* line3,
                   const char* line4, int32_t kind) {
+    if (deferred) {
+        const char* const src[4] = {line1, line2, line3, line4};
+        record(src, kind);
+        return;
+    }
     static char buf[4][500];  // the alert's own line buffers
     char copy[4][500];
     copy_line(line1, copy[0]);
@@ -80,6 +108,13 @@ void MACIBM_fatal(const char* line1, const char* line2, const char* line3, const
     end_program();  // not reached: the fatal alert itself ends the program
 }
 
+void alert_replay(const DeferredAlerts& alerts) {
+    for (int32_t k = 0; k < alerts.count && k < ALERT_DEFERRED_MAX; ++k) {
+        const auto& l = alerts.lines[k];
+        MACIBM_alert(0, l[0], l[1], l[2], l[3], alerts.kind[k]);
+    }
+}
+
 void MACIBM_progress(const char* message) {
-    if (progress_fn) progress_fn(message);
+    if (progress_fn && !deferred) progress_fn(message);
 }

@@ -37,5 +37,21 @@ void alert_set_window(AlertWindowFn fn);
 void alert_set_fatal_end(AlertEndFn fn);  // null restores the default
 void progress_set(ProgressFn fn);
 
+// ---- alerts of a worker thread ----
+// A thread that turns deferring on records its alerts instead of showing them (in order, up to
+// ALERT_DEFERRED_MAX; a later fatal one takes the last place); its progress calls do nothing.
+// A fatal alert ends the recording and calls `end` on that thread, which must not return (a
+// jump back to the work's start). The main thread shows them later with alert_replay, at the
+// point where the work would have raised them.
+constexpr int ALERT_DEFERRED_MAX = 4;
+struct DeferredAlerts {
+    int32_t count;
+    int32_t kind[ALERT_DEFERRED_MAX];
+    char lines[ALERT_DEFERRED_MAX][4][500];
+};
+void alert_defer_on(DeferredAlerts* into, AlertEndFn end);  // for the calling thread only
+void alert_defer_off();
+void alert_replay(const DeferredAlerts& alerts);  // each in order; a fatal one ends the program
+
 // The default box front end, for tests: the text it shows for four lines.
 void alert_box_text(const char* const lines[4], char* out, int out_size);

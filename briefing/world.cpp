@@ -2,7 +2,11 @@
 #include "briefing/sim_prefs.h"
 #include "briefing/world.h"
 
+#include <atomic>
+#include <chrono>
+#include <csetjmp>
 #include <cstdio>
+#include <thread>
 
 #include "briefing/aircraft.h"
 #include "briefing/airports.h"
@@ -25,6 +29,43 @@ static void scan_airports() {
     fio_close();
 }
 
+// ---- the scan beside the window's set-up ----
+// The worker reads apt.dat in file slot 1 (the main thread keeps slot 0 for the menus and
+// texts it reads meanwhile) and records its alerts; nothing else touches the airport table
+// until the main thread has seen scan_state turn to SCAN_DONE.
+enum : int32_t { SCAN_NONE = 0, SCAN_RUNNING = 1, SCAN_DONE = 2 };
+static std::atomic<int32_t> scan_state{SCAN_NONE};
+static DeferredAlerts scan_alerts;
+static jmp_buf scan_abort;
+
+[[noreturn]] static void scan_abort_jump() { longjmp(scan_abort, 1); }
+
+static void scan_worker() {
+    fio_cur_slot = 1;
+    alert_defer_on(&scan_alerts, scan_abort_jump);
+    if (setjmp(scan_abort) == 0) scan_airports();
+    alert_defer_off();
+    fio_close();  // after a fatal alert the file is still open
+    scan_state.store(SCAN_DONE, std::memory_order_release);
+}
+
+void brief_scan_start() {
+    scan_state.store(SCAN_RUNNING, std::memory_order_relaxed);
+    std::thread(scan_worker).detach();  // the process may end (a fatal alert) while it runs
+}
+
+// Waits for the worker, with the progress screen while the scan is still going, then shows
+// its alerts where the scan would have raised them.
+static void scan_finish() {
+    constexpr auto POLL = std::chrono::milliseconds(5);
+    while (scan_state.load(std::memory_order_acquire) != SCAN_DONE) {
+        MACIBM_progress("Scanning airports.");
+        std::this_thread::sleep_for(POLL);
+    }
+    scan_state.store(SCAN_NONE, std::memory_order_relaxed);
+    alert_replay(scan_alerts);
+}
+
 // Whether the weather file opens as a clean text stream; nothing is read from it.
 static bool weather_file_opens() {
     str_join(folders.path[FOLDER_PROGRAM], "metar.rwx", wx_file_path);
@@ -40,7 +81,10 @@ static bool weather_file_opens() {
 
 int32_t brief_load_world() {
     brief_req_reset();
-    scan_airports();
+    if (scan_state.load(std::memory_order_relaxed) != SCAN_NONE)
+        scan_finish();
+    else
+        scan_airports();
     BTN_set_code_search(apt_find_code);  // the pickers' code field looks airports up here
     bool weather = weather_file_opens();
     str_copy("untitled.acf", brief_req.aircraft_name);

@@ -9,3 +9,8 @@
 // simulator preferences stand in for it. Problems are reported by alerts (a missing
 // weather source is fatal).
 int32_t brief_load_world();
+
+// Starts the scan of apt.dat on a worker thread, with the folder table already filled, so
+// that it runs beside the window's set-up; brief_load_world then waits for it (showing the
+// progress screen while it is not done) instead of scanning, and shows its alerts in order.
+void brief_scan_start();

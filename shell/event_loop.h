@@ -26,8 +26,9 @@ TooltipBox tooltip_box(const char* text, float mouse_x, float mouse_y);
 // Whether the tooltip shows: a help text, and the pointer at rest for more than a second.
 bool tooltip_due(const char* help_text, float elapsed_secs, float last_activity);
 
-// Once idle, a frame with only a small pulse (a text cursor) keeps up to 20 passes a second.
-constexpr uint32_t PASS_PULSE_INTERVAL_US = 50000;
+// Once idle, a frame with only a small pulse (a text cursor) keeps 8 passes a second: enough to
+// show the cursor fading in and out, at a tenth of a core under a software renderer.
+constexpr uint32_t PASS_PULSE_INTERVAL_US = 125000;
 
 // The pause after a pass: while messages come, the active interval; once the last message is
 // more than PASS_IDLE_AFTER_SECS old, the interval the frame's motion (OGL_pulse_drawn) needs.

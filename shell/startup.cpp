@@ -11,6 +11,7 @@
 #include "kit/faces.h"
 #include "shell/alert_window.h"
 #include "shell/event_loop.h"
+#include "shell/app_hooks.h"
 #include "shell/language.h"
 #include "shell/menus.h"
 #include "shell/text_table.h"
@@ -62,6 +63,7 @@ void MACIBM_init() {
     str_copy(folders.path[FOLDER_LANG_RES_PREFS], path);
     fio_prefs(PREF_LANG_RES, PREF_READ, path);
     design_space_fit();
+    app_start_work();
 
     window_set_proc(MACIBM_window_proc);
     file_chooser_install();

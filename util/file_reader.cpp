@@ -7,10 +7,10 @@
 #include "util/file_types.h"
 #include "util/paths.h"
 
-int32_t fio_cur_slot = 0;
-int32_t fio_swap = 0;
-char fio_eol = '\n';
-char fio_line_buf[500];
+thread_local int32_t fio_cur_slot = 0;
+thread_local int32_t fio_swap = 0;
+thread_local char fio_eol = '\n';
+thread_local char fio_line_buf[500];
 
 static FileStream slots[FIO_SLOTS];
 static int32_t slot_binary[FIO_SLOTS];

@@ -7,10 +7,12 @@
 
 constexpr int FIO_SLOTS = 2;
 
-extern int32_t fio_cur_slot;     // the slot every read uses
-extern int32_t fio_swap;         // 1: the last binary file opened stores numbers high byte first
-extern char fio_eol;             // line-end character of the last text file opened
-extern char fio_line_buf[500];   // rest of a text file's version line; a general line buffer
+// Each thread has its own current slot and header state, so a worker thread can scan a file
+// in slot 1 while the main thread reads others in slot 0.
+extern thread_local int32_t fio_cur_slot;    // the slot every read uses
+extern thread_local int32_t fio_swap;        // 1: the last binary file opened stores numbers high byte first
+extern thread_local char fio_eol;            // line-end character of the last text file opened
+extern thread_local char fio_line_buf[500];  // rest of a text file's version line; a general line buffer
 
 // 1 when the file is open, its header accepted and the stream clean; 0 otherwise.
 // `path` is turned into the platform's form in place. With warn 1 a wrong version is fatal.
