@@ -116,5 +116,5 @@ void alert_replay(const DeferredAlerts& alerts) {
 }
 
 void MACIBM_progress(const char* message) {
-    if (progress_fn && !deferred) progress_fn(message);
+    if (!deferred && progress_fn) progress_fn(message);  // a deferring thread never reads the hook
 }
