@@ -2,7 +2,6 @@
 // screen it returns to with the pointer put back, and the fatal end.
 #include <cstdio>
 
-#include "base/shutdown.h"
 #include "tests/shell/shell_fixture.h"
 
 // The alert panel lies at (312, 274); its button at (200, 25) inside it.
@@ -17,16 +16,11 @@ TEST_F(Screens, AlertClosesByButtonOrReturnOntoItsScreenWithThePointerBack) {
         MACIBM_open_screen(SCREEN_MAIN);
         ShellInput.mouse_x = 100, ShellInput.mouse_y = 700, frames.clear();
         if (r.press_x > 0) post_press(r.press_x, BUTTON_Y);  // the pointer moves while the alert is up
-        static bool then_return;
-        then_return = r.then_return;
-        on_frame = [](size_t n) {
-            if (n == 1 && then_return) post_key(PLAT_VK_RETURN);
-        };
+        on_frame = [then_return = r.then_return](size_t n) { n == 1 && then_return ? post_key(PLAT_VK_RETURN) : void(); };
         MACIBM_alert(r.return_screen, "Line one", "", "Line three", "", r.kind);
-        EXPECT_EQ(std::tuple(cur_screen, ShellInput.mouse_x, ShellInput.mouse_y, ShellInput.enter_pressed),
-                  std::tuple(r.return_screen, 100.0f, 700.0f, 0));
-        ASSERT_EQ(frames.size(), r.frames) << r.kind;
-        EXPECT_EQ(std::tuple(frames[0].screen, frames[0].panel_x, frames[0].panel_y), std::tuple(SCREEN_ALERT, 312.0f, 274.0f));
+        EXPECT_EQ(std::tuple(cur_screen, ShellInput.mouse_x, ShellInput.mouse_y, ShellInput.enter_pressed, frames.size()),
+                  std::tuple(r.return_screen, 100.0f, 700.0f, 0, r.frames)) << r.kind;
+        EXPECT_EQ(std::tuple(frames.at(0).screen, frames[0].panel_x, frames[0].panel_y), std::tuple(SCREEN_ALERT, 312.0f, 274.0f));
     }
 }
 
@@ -36,10 +30,8 @@ TEST_F(Screens, LanguageChooserSetsTheLanguageAndAccepts) {
         language = 0, frames.clear();
         MACIBM_open_screen(SCREEN_MAIN);
         if (choice >= 0) post_press(312 + 175, 274 + 170 - 20.0f * (float)choice);
-        static bool accept_by_return;
-        accept_by_return = by_return;
-        on_frame = [](size_t n) {  // accepted in the pass after the choice
-            if (n == 1) accept_by_return ? post_key(PLAT_VK_RETURN) : post_press(BUTTON_X, BUTTON_Y);
+        on_frame = [by_return = by_return](size_t n) {  // accepted in the pass after the choice
+            if (n == 1) by_return ? post_key(PLAT_VK_RETURN) : post_press(BUTTON_X, BUTTON_Y);
         };
         MACIBM_alert(SCREEN_MAIN, "", "", "", "", ALERT_LANGUAGE);
         EXPECT_EQ(std::pair(language, cur_screen), std::pair(want, (int32_t)SCREEN_MAIN)) << choice;
