@@ -55,10 +55,8 @@ protected:
 };
 using MenusDeathTest = Menus;
 
-static S items(int n, const S& label) {
-    S s;
-    for (int i = 0; i < n; ++i) s += std::to_string(i) + " " + label + "\n";
-    return s;
+static S items(int n, const S& label) {  // n lines "index label"
+    return n ? items(n - 1, label) + std::to_string(n - 1) + " " + label + "\n" : "";
 }
 
 TEST_F(Menus, FileAndColumnLayout) {
@@ -132,26 +130,21 @@ class Picks : public Menus {
 };
 
 TEST_F(Picks, ClicksReturnAndFollowingThePointer) {
-    enum : int32_t { CLICK, RETURN, FOLLOW, WINDOW = 5 };
+    enum : int32_t { CLICK, RETURN, FOLLOW, WINDOW = 5, MAIN = SCREEN_MAIN };  // no menus on the modal screens
     struct Row { int32_t screen, open; float x, y; int32_t how, open_after, screen_after; Ints picks; } rows[] = {
-        {SCREEN_MAIN, -1, 26, 759, CLICK, 0, SCREEN_MAIN, {}},   // a title opens its menu
-        {SCREEN_MAIN, 0, 26, 759, CLICK, -1, SCREEN_MAIN, {}},   // ... and closes it again
-        {SCREEN_MAIN, 0, 80, 768, CLICK, 1, SCREEN_MAIN, {}},    // another title, edges included
-        {SCREEN_MAIN, 0, 89, 712, CLICK, -1, SCREEN_MAIN, {102}},
-        {SCREEN_MAIN, 0, 50, 725, CLICK, -1, SCREEN_MAIN, {}},   // a separator only closes
-        {SCREEN_MAIN, 0, 50, 732, CLICK, 2, SCREEN_MAIN, {}},    // the item a menu hangs off opens it
-        {SCREEN_MAIN, 2, 50, 732, CLICK, -1, SCREEN_MAIN, {201}},
-        {SCREEN_MAIN, -1, 50, 732, CLICK, -1, SCREEN_MAIN, {}},  // dead while its parent is closed
-        {SCREEN_MAIN, 0, 40, 744, RETURN, -1, SCREEN_MAIN, {100}},  // Return picks at the pointer
-        {WINDOW, -1, 500, 400, RETURN, -1, SCREEN_MAIN, {}},     // and closes a window screen,
-        {WINDOW, -1, 15, 758, CLICK, -1, SCREEN_MAIN, {}},       // as its corner knobs do
-        {WINDOW, -1, 1019, 748, CLICK, -1, SCREEN_MAIN, {}},
-        {WINDOW, -1, 15, 747.5f, CLICK, -1, WINDOW, {}},         // just below a knob
-        {SCREEN_ALERT, 0, 40, 744, RETURN, -1, SCREEN_ALERT, {}},  // no menus on the modal screens
-        {SCREEN_MAIN, 2, 52, 750, FOLLOW, 1, SCREEN_MAIN, {}},   // onto another bar title
-        {SCREEN_MAIN, -1, 66, 759, FOLLOW, -1, SCREEN_MAIN, {}},
-        {SCREEN_MAIN, 0, 50, 732, FOLLOW, 0, SCREEN_MAIN, {}},   // a hanging menu's title is off the bar
-    };
+        // A title opens its menu and closes it again; another title, edges included; an item.
+        {MAIN, -1, 26, 759, CLICK, 0, MAIN, {}}, {MAIN, 0, 26, 759, CLICK, -1, MAIN, {}},
+        {MAIN, 0, 80, 768, CLICK, 1, MAIN, {}}, {MAIN, 0, 89, 712, CLICK, -1, MAIN, {102}},
+        // A separator only closes; the item a menu hangs off opens it, dead while its parent is closed.
+        {MAIN, 0, 50, 725, CLICK, -1, MAIN, {}}, {MAIN, 0, 50, 732, CLICK, 2, MAIN, {}},
+        {MAIN, 2, 50, 732, CLICK, -1, MAIN, {201}}, {MAIN, -1, 50, 732, CLICK, -1, MAIN, {}},
+        // Return picks at the pointer and closes a window screen, as its corner knobs do (not just below).
+        {MAIN, 0, 40, 744, RETURN, -1, MAIN, {100}}, {WINDOW, -1, 500, 400, RETURN, -1, MAIN, {}},
+        {WINDOW, -1, 15, 758, CLICK, -1, MAIN, {}}, {WINDOW, -1, 1019, 748, CLICK, -1, MAIN, {}},
+        {WINDOW, -1, 15, 747.5f, CLICK, -1, WINDOW, {}}, {SCREEN_ALERT, 0, 40, 744, RETURN, -1, SCREEN_ALERT, {}},
+        // Following the pointer onto another bar title; a hanging menu's title is off the bar.
+        {MAIN, 2, 52, 750, FOLLOW, 1, MAIN, {}}, {MAIN, -1, 66, 759, FOLLOW, -1, MAIN, {}},
+        {MAIN, 0, 50, 732, FOLLOW, 0, MAIN, {}}};
     for (const Row& r : rows) {
         cur_screen = SCREEN_MAIN, open_menu = -1, swaps = 0;
         if (r.open >= 0) open_by_clicks(r.open);
@@ -215,8 +208,7 @@ TEST_F(Menus, ShippedLanguagesPickTheSameCommands) {
                 MACIBM_handleclick(0);
                 seen[m].push_back(picks.back());
             }
-        EXPECT_EQ(seen[0], want[0]) << language_folder_word(language);
-        EXPECT_EQ(seen[1], want[1]) << language_folder_word(language);
-        EXPECT_EQ(menu_table[2].title[0], 0);
+        EXPECT_EQ(std::tuple(seen[0], seen[1], menu_table[2].title[0]), std::tuple(want[0], want[1], 0))
+            << language_folder_word(language);
     }
 }

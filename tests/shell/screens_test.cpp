@@ -21,7 +21,6 @@ TEST_F(Screens, PanelsAreCentredRoundedAndOpeningResetsInput) {
                                     ShellInput.mouse_down}),
                   std::vector<int>({r.id, -1, 0, 0, 0}));
     }
-    disp_width = 1024, disp_height = 768;
 }
 
 // The intro picture (magenta lets the screen colour through) composed over the screen colour,
@@ -29,9 +28,10 @@ TEST_F(Screens, PanelsAreCentredRoundedAndOpeningResetsInput) {
 TEST_F(Screens, BackgroundImageIsComposedAndCutIntoTwelveTiles) {
     const S intro = dir + "Resources/bitmaps/intro/";
     std::filesystem::create_directories(intro);
-    bmp_write(intro, "german.bmp", {.width = 300, .height = 300, .pixel = [](int32_t x, int32_t y) {
-                                        return x == 299 ? 0xFF00FFu : (uint32_t)((x % 256) << 16 | (y % 256) << 8 | (x / 256 + 2 * (y / 256)));
-                                    }});
+    auto pixel = [](int32_t x, int32_t y) {  // magenta down the right edge
+        return x == 299 ? 0xFF00FFu : (uint32_t)((x % 256) << 16 | (y % 256) << 8 | (x / 256 + 2 * (y / 256)));
+    };
+    bmp_write(intro, "german.bmp", {.width = 300, .height = 300, .pixel = pixel});
     bg_color[0] = 200.9f, bg_color[1] = 100, bg_color[2] = 50;
     for (auto [id, lang, pictured] : {std::tuple(SCREEN_INTRO, 2, true), {SCREEN_MAIN, 2, false}, {SCREEN_INTRO, 6, false}}) {
         gl.clear_log(), language = lang;
