@@ -127,7 +127,8 @@ TEST_F(Bitmap, AlphaFiltersAndMipmaps) {
     // grey alpha is the mean of the three, cut.
     const struct { int32_t index, filter, x; Texel want; } rows[] = {
         {260, BMP_MAGENTA_CLEAR, 0, {128, 128, 128, 0}}, {260, BMP_MAGENTA_CLEAR, 1, {30, 60, 92, 255}},
-        {400, BMP_MAGENTA_CLEAR, 0, {30, 60, 92, 0}}, {401, BMP_GREY_ALPHA, 1, {30, 60, 92, 60}}};
+        {400, BMP_MAGENTA_CLEAR, 0, {30, 60, 92, 0}}, {401, BMP_GREY_ALPHA, 1, {30, 60, 92, 60}},
+        {401, BMP_GREY_ALPHA, 0, {255, 0, 255, 170}}};
     for (const auto& r : rows) {
         OGL_texbmp(BMP_TEXTURE, r.index, r.filter, "a", nullptr, nullptr);
         EXPECT_EQ(uploaded(r.index, r.x, 0, 4), r.want) << r.index << " " << r.filter << " at " << r.x;

@@ -77,12 +77,13 @@ TEST_F(Boxes, BarsRepeatTheMiddleAndCutTheLastPiece) {
 
 TEST_F(Boxes, PanelTilesCoverTheBoxOneTexelPerUnit) {
     // The box covered, the texels of its lower-left and upper-right tiles, the title's place: centred
-    // (3), inset (5, in green face 104) or at the left (6, translucent; 9, the fallback block).
+    // (3), inset (5, in green face 104) or at the left (6, translucent; the first style past the
+    // table, drawn from the fallback block).
     const struct { int32_t style; float x, y, w, h; std::vector<float> box, corners; float tx, ty; } rows[] = {
         {3, 0, 0, 400, 220, {0, -8, 408, 220}, {128, 366, 158, 396, 226, 464, 256, 512}, 188, 208},
         {5, 10, 20, 200, 100, {10, 12, 218, 120}, {384, 384, 414, 414, 482, 482, 512, 512}, 16, 108},
         {6, 40, 50, 100, 61, {40, 50, 140, 111}, {0, 238, 30, 268, 98, 336, 128, 366}, 0, 99},
-        {9, 40, 50, 100, 60, {40, 50, 140, 110}, {0, 0, 30, 30, 98, 98, 128, 128}, 0, 98}};
+        {PANEL_STYLES, 40, 50, 100, 60, {40, 50, 140, 110}, {0, 0, 30, 30, 98, 98, 128, 128}, 0, 98}};
     for (const auto& r : rows) {
         gl.clear_log();
         BTN_util_draw_panel(r.style, r.x, r.y, r.w, r.h, "Note");
