@@ -1,4 +1,4 @@
-// Alerts: the log, the message box or the window, the kinds, the fatal end.
+// Alerts: the log, the message box or the window, the kinds, the fatal end; the shut-down's order.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,8 +17,8 @@ static void show(const char* const lines[4], char where) {
 }
 
 TEST(Alert, KindsLogAndWhereTheyAreShown) {
-    S dir = test_temp_dir();
-    MACIBM_log_open((dir + "Error.out").c_str());
+    const S log = test_temp_dir() + "Error.out";
+    MACIBM_log_open(log.c_str());
     alert_set_box([](const char* const lines[4], int32_t) { show(lines, 'b'); });
     alert_set_window([](int32_t, const char* const lines[4], int32_t) { show(lines, 'w'); });
     MACIBM_alert(0, "A", "", "", "B", ALERT_NOTE);
@@ -30,28 +30,26 @@ TEST(Alert, KindsLogAndWhereTheyAreShown) {
     gl_ready = 0;
     EXPECT_EQ(shown, "w" + S(499, 'k') + "\n\n\n\n\n\n");
     MACIBM_log_close();
-    EXPECT_EQ(test_read_file(dir + "Error.out"), "A\n\n\nB\n" + S(499, 'k') + "\n\n\n\n");
+    EXPECT_EQ(test_read_file(log), "A\n\n\nB\n" + S(499, 'k') + "\n\n\n\n");
     alert_set_box(nullptr), alert_set_window(nullptr);
 }
 
 // The platform's box (standard error here), the shut-down with quit set, exit code 0.
 TEST(AlertDeathTest, FatalShowsTheBoxRunsTheShutDownAndExitsZero) {
-    S dir = test_temp_dir();
-    EXPECT_EXIT(
-        {
-            MACIBM_log_open((dir + "Error.out").c_str());
-            shutdown_set_step(SHUTDOWN_PREFS, [] { fprintf(stderr, "shut down with quit %d\n", quit_requested); });
-            MACIBM_alert(0, "A", "", "", "B", ALERT_FATAL);
-        },
-        testing::ExitedWithCode(0), testing::HasSubstr("A\n\n\n\n\n\nB\nshut down with quit 1\n"));
-    EXPECT_EQ(test_read_file(dir + "Error.out"), "A\n\n\nB\n");
+    const S log = test_temp_dir() + "Error.out";
+    auto fatal = [&] {
+        MACIBM_log_open(log.c_str());
+        shutdown_set_step(SHUTDOWN_PREFS, [] { fprintf(stderr, "shut down with quit %d\n", quit_requested); });
+        MACIBM_alert(0, "A", "", "", "B", ALERT_FATAL);
+    };
+    EXPECT_EXIT(fatal(), testing::ExitedWithCode(0), testing::HasSubstr("A\n\n\n\n\n\nB\nshut down with quit 1\n"));
+    EXPECT_EQ(test_read_file(log), "A\n\n\nB\n");
 }
 
 // The steps run in their fixed order whatever order they were set in, the log still open, and
 // the log closes last.
 TEST(Shutdown, PreferencesDisplayWindowThenTheLog) {
     static S order;
-    order.clear();
     MACIBM_log_open((test_temp_dir() + "Error.out").c_str());
     shutdown_set_step(SHUTDOWN_WINDOW, [] { order += MACIBM_log_is_open() ? "window " : "window(no log) "; });
     shutdown_set_step(SHUTDOWN_DISPLAY, [] { order += MACIBM_log_is_open() ? "display " : "display(no log) "; });

@@ -1,4 +1,5 @@
-// The common start of every graphics test: a fresh recording GL and program-start graphics state.
+// The common start of every graphics test: a fresh recording GL, program-start graphics state,
+// and the sheets and background tiles (300..322) counted as loaded.
 #pragma once
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,6 +23,7 @@ protected:
         tex_reset();
         design_space_reset();
         qglEnable(GL_TEXTURE_2D);  // one unit on, as gl_tex_units says
+        for (int32_t t = TEX_SHEET; t <= TEX_BACKGROUND_LAST; ++t) fake_loaded(t);
         gl.clear_log();
     }
     // Marks `index` as loaded so that binding it passes the checks.

@@ -1,26 +1,22 @@
 // The bind cache, the upload checks and wrap rule, mipmap reduction and alpha bleeding.
-#include "tests/graphics/gfx_fixture.h"
-
 #include <cstring>
-#include <tuple>
 
+#include "tests/graphics/gfx_fixture.h"
 #include "util/random.h"
 
 using Textures = Gfx;
+using testing::ExitedWithCode;
 
 TEST_F(Textures, BindCacheIsPerUnitAndLeavesTheFirstUnitActive) {
     fake_loaded(5);
-    fake_loaded(TEX_SHEET);
     const struct { int32_t units, index, unit, binds, selects; } steps[] = {
         {1, TEX_SHEET, 1, 1, 0}, {1, TEX_SHEET, 1, 0, 0}, {2, 5, 2, 1, 2},  // unit 2 selected, then unit 1 again
         {2, 5, 2, 0, 0},   {2, TEX_SHEET, 1, 0, 0}, {2, 5, 1, 1, 1}};
     for (const auto& s : steps) {
-        gl_tex_units = s.units;
-        gl.clear_log();
+        gl_tex_units = s.units, gl.clear_log();
         OGL_bind_tex(s.index, s.unit);
-        EXPECT_EQ(std::tuple(gl.count("glBindTexture"), gl.count("glActiveTextureARB"), gl.bound[s.unit - 1]),
-                  std::tuple(s.binds, s.selects, (GLuint)s.index)) << s.index << " on unit " << s.unit;
-        EXPECT_EQ(gl.active_unit, 0);
+        EXPECT_EQ(std::tuple(gl.count("glBindTexture"), gl.count("glActiveTextureARB"), gl.bound[s.unit - 1], gl.active_unit),
+                  std::tuple(s.binds, s.selects, (GLuint)s.index, 0)) << s.index << " on unit " << s.unit;
     }
 }
 
@@ -30,24 +26,18 @@ TEST_F(Textures, BadBindsAndUploadsEndTheProgram) {
         {7, 0, "Too many texture units requested!"}, {7, 5, "Too many texture units requested!"},
         {-1, 1, "Too many textures requested!"}, {4894, 1, "Too many textures requested!"},
         {8, 1, "Trying to bind an un-inited tex!"}};
-    for (const auto& b : binds)
-        EXPECT_EXIT(OGL_bind_tex(b.index, b.unit), testing::ExitedWithCode(0), fatal_text(b.text)) << b.index;
-
+    for (const auto& b : binds) EXPECT_EXIT(OGL_bind_tex(b.index, b.unit), ExitedWithCode(0), fatal_text(b.text)) << b.index;
+    // Each check ends the program before the pixels are read; 0 passes the power-of-two test.
     static uint8_t px[4 * 16];
     const auto pow2 = fatal_text("OGL_load_tex: Trying to read a texture that is not a power of 2!", "pic");
-    const auto dim = fatal_text("OGL_load_tex: Trying to create a texture either less than 1 or greater than 1024 in "
-                                "dimension!", "I cannot do this!",
-                                "ZERO-dim textures are invalid for OpenGL, and textures greater than 1024 are invalid "
-                                "for Zephyra!", "pic");
+    const auto dim = testing::HasSubstr("OGL_load_tex: Trying to create a texture either less than 1 or greater than 1024");
     const struct { int32_t index, w, h; testing::Matcher<const std::string&> text; } uploads[] = {
-        {10, 300, 4, pow2}, {10, 4, 12, pow2}, {10, 0, 4, dim},  // 0 passes the power-of-two test
-        {10, 2048, 4, dim}, {10, 4, 2048, dim},
+        {10, 300, 4, pow2}, {10, 4, 12, pow2}, {10, 0, 4, dim}, {10, 2048, 4, dim}, {10, 4, 2048, dim},
         {-1, 4, 4, fatal_text("OGL_load_tex: Trying to bind too low  a texture index!", "pic")},
         {4894, 4, 4, fatal_text("OGL_load_tex: Trying to bind too high a texture index!", "pic")}};
-    for (const auto& u : uploads)  // each check ends the program before the pixels are read
-        EXPECT_EXIT(OGL_load_tex("pic", u.index, 0, GL_RGBA, u.w, u.h, px), testing::ExitedWithCode(0), u.text)
-            << u.index << " " << u.w << "x" << u.h;
-    EXPECT_EXIT(OGL_mini_me("pic", 5000, BMP_MAGENTA_CLEAR_MIP, GL_RGBA, 4, 4, px), testing::ExitedWithCode(0),
+    for (const auto& u : uploads)
+        EXPECT_EXIT(OGL_load_tex("pic", u.index, 0, GL_RGBA, u.w, u.h, px), ExitedWithCode(0), u.text) << u.w << "x" << u.h;
+    EXPECT_EXIT(OGL_mini_me("pic", 5000, BMP_MAGENTA_CLEAR_MIP, GL_RGBA, 4, 4, px), ExitedWithCode(0),
                 fatal_text("OGL_mini_me: Trying to bind too high a texture index!", "pic"));
 }
 
@@ -58,16 +48,14 @@ TEST_F(Textures, UploadBooksMemoryAndChoosesWrap) {
     EXPECT_EQ(OGL_tex_bytes[12], 4096 + 2048);
     OGL_load_tex("b", 12, 0, GL_ALPHA, 1, 1, px);  // a new level 0 starts the count again
     EXPECT_EQ(OGL_tex_bytes[12], 1);
-    const struct { int32_t index; bool repeat; } rows[] = {
-        {0, true},   {48, true},  {49, false},  {54, true},  {197, true}, {198, false},  {206, true}, {218, false},
-        {219, true}, {235, true}, {300, false}, {309, true}, {350, true}, {999, true}, {1000, false}, {53, false}};
+    // The sheet clamps; index 999 is the last of the wide run that repeats.
     for (int32_t clamp : {0, 1})
-        for (const auto& r : rows) {
+        for (auto [index, repeat] : {std::pair(0, true), {TEX_SHEET, false}, {309, true}, {999, true}, {1000, false}}) {
             clamp_ok = clamp;
-            OGL_load_tex("w", r.index, 0, GL_RGB, 2, 2, px);
-            const GLint want = r.repeat ? GL_REPEAT : clamp ? GL_CLAMP_TO_EDGE : GL_CLAMP;
-            EXPECT_EQ(std::pair(gl.tex_params[r.index][GL_TEXTURE_WRAP_S], gl.tex_params[r.index][GL_TEXTURE_WRAP_T]),
-                      std::pair(want, want)) << r.index;
+            OGL_load_tex("w", index, 0, GL_RGB, 2, 2, px);
+            const GLint want = repeat ? GL_REPEAT : clamp ? GL_CLAMP_TO_EDGE : GL_CLAMP;
+            EXPECT_EQ(std::pair(gl.tex_params[index][GL_TEXTURE_WRAP_S], gl.tex_params[index][GL_TEXTURE_WRAP_T]),
+                      std::pair(want, want)) << index;
         }
 }
 
@@ -106,10 +94,10 @@ TEST_F(Textures, MipmapsHalveNonSquareTexturesToOneAndPickOrAverageByIndex) {
 TEST_F(Textures, BleedGivesTransparentTexelsTheirNeighboursColour) {
     // 3 x 2 RGBA: the middle of the bottom row is transparent, with an opaque texel on each side.
     const uint8_t img[6][4] = {{10, 20, 30, 255}, {}, {21, 41, 61, 255}, {}, {}, {}};
+    // The RGBA filters bleed, except on the glyph sheets and the indices up to 299 from 251.
     const struct { int32_t index, filter; bool bleeds; } rows[] = {
-        {TEX_SHEET, BMP_MAGENTA_CLEAR, true}, {TEX_SHEET, BMP_GREY_ALPHA_MIP, true}, {250, BMP_GREY_ALPHA, true},
-        {TEX_SHEET, BMP_RGB, false},          {TEX_GLYPHS, BMP_MAGENTA_CLEAR, false}, {126, BMP_MAGENTA_CLEAR, false},
-        {251, BMP_MAGENTA_CLEAR, false},      {299, BMP_MAGENTA_CLEAR_MIP, false}};
+        {TEX_SHEET, BMP_MAGENTA_CLEAR, true}, {250, BMP_GREY_ALPHA_MIP, true}, {TEX_SHEET, BMP_RGB, false},
+        {TEX_GLYPHS, BMP_MAGENTA_CLEAR, false}, {251, BMP_MAGENTA_CLEAR, false}, {299, BMP_MAGENTA_CLEAR_MIP, false}};
     for (const auto& r : rows) {
         memcpy(OGL_pixbuf, img, sizeof img);
         OGL_bleed_alpha(r.index, r.filter, 3, 2, 4, 3);

@@ -37,7 +37,6 @@ TEST_F(Boxes, SplitLabelAtTheFirstBar) {
 }
 
 TEST_F(Boxes, LabelsSplitNearTheMiddleAndAlign) {
-    fake_loaded(TEX_SHEET);
     // Each line drawn at (100, 50): its x, its y (glyphs start 2 lower) and length.
     const struct { const char* text; int32_t align; std::vector<float> lines; } rows[] = {
         {"Cruise altitude", LABEL_RIGHT, {64, 55, 6, 52, 45, 8}}, {"Cruise altitude", LABEL_LEFT, {100, 55, 6, 100, 45, 8}},
@@ -55,7 +54,6 @@ TEST_F(Boxes, LabelsSplitNearTheMiddleAndAlign) {
 }
 
 TEST_F(Boxes, BarsRepeatTheMiddleAndCutTheLastPiece) {
-    fake_loaded(TEX_SHEET);
     OGL_tint[2] = 0.5f;  // tells the body's colour 0 from the lit overlay's untinted 61
     const struct { int32_t kind; float x, y, width; std::vector<float> pieces; } rows[] = {
         // 57 is drawn 58 wide: cap 11, a middle of 23, a middle cut to 13 (13 x 23 / 34 texels), cap 11.
@@ -78,15 +76,14 @@ TEST_F(Boxes, BarsRepeatTheMiddleAndCutTheLastPiece) {
 }
 
 TEST_F(Boxes, PanelTilesCoverTheBoxOneTexelPerUnit) {
-    fake_loaded(TEX_SHEET);
-    // The box covered, the texels of its lower-left and upper-right tiles, the title's place.
+    // The box covered, the texels of its lower-left and upper-right tiles, the title's place: centred
+    // (3), inset (5, in green face 104) or at the left (6, translucent; the first style past the
+    // table, drawn from the fallback block).
     const struct { int32_t style; float x, y, w, h; std::vector<float> box, corners; float tx, ty; } rows[] = {
-        {2, 26, 36, 700, 600, {26, 28, 734, 636}, {128, 366, 158, 396, 226, 464, 256, 494}, 32, 624},
-        {0, 0, 0, 1024, 768, {0, 0, 1024, 768}, {0, 366, 30, 396, 98, 464, 128, 512}, 500, 756},
         {3, 0, 0, 400, 220, {0, -8, 408, 220}, {128, 366, 158, 396, 226, 464, 256, 512}, 188, 208},
         {5, 10, 20, 200, 100, {10, 12, 218, 120}, {384, 384, 414, 414, 482, 482, 512, 512}, 16, 108},
         {6, 40, 50, 100, 61, {40, 50, 140, 111}, {0, 238, 30, 268, 98, 336, 128, 366}, 0, 99},
-        {9, 40, 50, 100, 60, {40, 50, 140, 110}, {0, 0, 30, 30, 98, 98, 128, 128}, 0, 98}};
+        {PANEL_STYLES, 40, 50, 100, 60, {40, 50, 140, 110}, {0, 0, 30, 30, 98, 98, 128, 128}, 0, 98}};
     for (const auto& r : rows) {
         gl.clear_log();
         BTN_util_draw_panel(r.style, r.x, r.y, r.w, r.h, "Note");
@@ -106,12 +103,11 @@ TEST_F(Boxes, PanelTilesCoverTheBoxOneTexelPerUnit) {
         EXPECT_EQ(corners, r.corners) << "style " << r.style;
         EXPECT_TRUE(gl.prims[0].v[0].a == (r.style == 6 ? 0.9f : 1) && gl.prims[0].caps.count(GL_BLEND) == (r.style == 6));
         EXPECT_EQ(std::vector<float>({title.v[0].x, title.v[0].y + 2, title.v[0].r}),
-                  std::vector<float>({r.tx, r.ty, r.style == 5 ? 0.1f : 1}));  // style 5: green face-104 title
+                  std::vector<float>({r.tx, r.ty, r.style == 5 ? 0.1f : 1}));
     }
 }
 
 TEST_F(Boxes, LampsAndKnobsLightWithTheBlockAbove) {
-    fake_loaded(TEX_SHEET);
     panel_w = 624, panel_h = 300;
     BTN_util_draw_lamp(100, 200, 499, 302, 1);
     BTN_util_draw_panel(1, 0, 0, 624, 300, "");  // style 1 ends with the unlit knobs

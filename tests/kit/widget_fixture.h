@@ -16,7 +16,7 @@ class Widgets : public Gfx {
 protected:
     void SetUp() override {
         Gfx::SetUp();
-        input_reset(), widgets_reset(), list_picker_reset(), fake_loaded(300);
+        input_reset(), widgets_reset(), list_picker_reset();
     }
     // This pass's pointer; `click` is a press in the pass (the button is then down too).
     static void point(float x, float y, bool click = false, bool down = false) {

@@ -1,7 +1,4 @@
 // Push, check, choice and file buttons and the boxed-digit field, zone by zone.
-#include <string>
-
-#include "graphics/gl_state.h"
 #include "tests/kit/widget_fixture.h"
 
 static int swaps = 0;
@@ -82,8 +79,8 @@ TEST_F(Buttons, NumberFieldStepsTheBoxUnderThePointerAndClamps) {
         {5000, 504.9f, 310, true, 6000}, {5000, 485, 310, true, 15000},  {5000, 535, 310, true, 5001},  // both ends
         {5000, 484.9f, 310, true, 5000}, {5000, 535.1f, 310, true, 5000}, {5000, 507, 303, true, 5100},
         {5000, 507, 302.9f, true, 4900}, {5000, 507, 324.1f, true, 5000}, {5000, 507, 281.9f, true, 5000},
-        {0, 507, 295, true, 0},          {99950, 507, 310, true, 99999},  {123456, 0, 0, false, 99999},
-        {-5, 0, 0, false, 0}};  // held in range at every pass, pressed or not
+        {0, 507, 295, true, 0},          {99950, 507, 310, true, 99999},
+        {123456, 0, 0, false, 99999}};  // held in range at every pass, pressed or not
     for (const auto& r : rows) {
         float value = r.start;
         point(r.mx, r.my, r.click);

@@ -2,47 +2,37 @@
 // screen it returns to with the pointer put back, and the fatal end.
 #include <cstdio>
 
-#include "base/shutdown.h"
 #include "tests/shell/shell_fixture.h"
 
-// The alert panel lies at (312, 274); its button at (200, 25) inside it.
-constexpr float BUTTON_X = 312 + 200, BUTTON_Y = 274 + 25;
+// The alert panel lies at (312, 274); its button at (200, 25) inside it, the language choices at
+// x = 175 and y = 170, 150, ... 70.
+constexpr float PANEL_X = 312, PANEL_Y = 274, BUTTON_X = PANEL_X + 200, BUTTON_Y = PANEL_Y + 25;
+static float choice_y(int k) { return PANEL_Y + 170 - 20.0f * (float)k; }
 
+// A press before the first frame, then Return, the button or nothing after it: how many frames
+// the alert stayed, the screen it returned to, and the language chosen.
 TEST_F(Screens, AlertClosesByButtonOrReturnOntoItsScreenWithThePointerBack) {
-    // How it is closed, after how many frames: a press beside the button does nothing.
-    const struct { float press_x; bool then_return; int32_t kind, return_screen; size_t frames; } rows[] = {
-        {BUTTON_X, false, ALERT_NOTE, SCREEN_MAIN, 1}, {BUTTON_X + 40, true, 13, 5, 2},
-        {-1, true, ALERT_ABOUT, SCREEN_MAIN, 2}};
+    enum Then { NOTHING, RETURN, BUTTON };
+    const struct { int32_t kind; float press_x, press_y; Then then; int32_t back; size_t frames; int32_t lang; } rows[] =
+    {
+        {ALERT_NOTE, BUTTON_X, BUTTON_Y, NOTHING, SCREEN_MAIN, 1, 0},
+        {13, BUTTON_X + 40, BUTTON_Y, RETURN, 5, 2, 0},  // a press beside the button does nothing
+        {ALERT_ABOUT, -1, -1, RETURN, SCREEN_MAIN, 2, 0}, {ALERT_LANGUAGE, PANEL_X + 175, choice_y(2), RETURN, SCREEN_MAIN, 2, 2},
+        {ALERT_LANGUAGE, PANEL_X + 175, choice_y(5), BUTTON, SCREEN_MAIN, 2, 5},
+        {ALERT_LANGUAGE, -1, -1, RETURN, SCREEN_MAIN, 2, 0}};
     for (const auto& r : rows) {
-        MACIBM_open_screen(SCREEN_MAIN);
-        ShellInput.mouse_x = 100, ShellInput.mouse_y = 700, frames.clear();
-        if (r.press_x > 0) post_press(r.press_x, BUTTON_Y);  // the pointer moves while the alert is up
-        static bool then_return;
-        then_return = r.then_return;
-        on_frame = [](size_t n) {
-            if (n == 1 && then_return) post_key(PLAT_VK_RETURN);
-        };
-        MACIBM_alert(r.return_screen, "Line one", "", "Line three", "", r.kind);
-        EXPECT_EQ(std::tuple(cur_screen, ShellInput.mouse_x, ShellInput.mouse_y, ShellInput.enter_pressed),
-                  std::tuple(r.return_screen, 100.0f, 700.0f, 0));
-        ASSERT_EQ(frames.size(), r.frames) << r.kind;
-        EXPECT_EQ(std::tuple(frames[0].screen, frames[0].panel_x, frames[0].panel_y), std::tuple(SCREEN_ALERT, 312.0f, 274.0f));
-    }
-}
-
-TEST_F(Screens, LanguageChooserSetsTheLanguageAndAccepts) {
-    // The choices lie at x = 175 and y = 170, 150, ... 70 inside the panel.
-    for (auto [choice, by_return, want] : {std::tuple(2, true, 2), {5, false, 5}, {-1, true, 0}}) {
         language = 0, frames.clear();
         MACIBM_open_screen(SCREEN_MAIN);
-        if (choice >= 0) post_press(312 + 175, 274 + 170 - 20.0f * (float)choice);
-        static bool accept_by_return;
-        accept_by_return = by_return;
-        on_frame = [](size_t n) {  // accepted in the pass after the choice
-            if (n == 1) accept_by_return ? post_key(PLAT_VK_RETURN) : post_press(BUTTON_X, BUTTON_Y);
+        ShellInput.mouse_x = 100, ShellInput.mouse_y = 700;
+        if (r.press_x > 0) post_press(r.press_x, r.press_y);  // the pointer moves while the alert is up
+        on_frame = [then = r.then](size_t n) {
+            if (n == 1 && then) then == RETURN ? post_key(PLAT_VK_RETURN) : post_press(BUTTON_X, BUTTON_Y);
         };
-        MACIBM_alert(SCREEN_MAIN, "", "", "", "", ALERT_LANGUAGE);
-        EXPECT_EQ(std::pair(language, cur_screen), std::pair(want, (int32_t)SCREEN_MAIN)) << choice;
+        MACIBM_alert(r.back, "Line one", "", "Line three", "", r.kind);
+        EXPECT_EQ(std::tuple(cur_screen, ShellInput.mouse_x, ShellInput.mouse_y, ShellInput.enter_pressed, frames.size(),
+                             language), std::tuple(r.back, 100.0f, 700.0f, 0, r.frames, r.lang)) << r.kind;
+        const Frame& first = frames.at(0);
+        EXPECT_EQ(std::tuple(first.screen, first.panel_x, first.panel_y), std::tuple(SCREEN_ALERT, PANEL_X, PANEL_Y));
     }
 }
 

@@ -1,44 +1,19 @@
 // Menus: the menu file reader, its limits and the column layout; picks by click and Return and
 // the pointer following the bar; the open menu's drawing; the six shipped languages.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <sstream>
-#include <string>
-#include <vector>
 
-#include "graphics/design_space.h"
-#include "graphics/gl_state.h"
-#include "graphics/textures.h"
 #include "kit/faces.h"
-#include "shell/app_hooks.h"
-#include "shell/language.h"
-#include "shell/menu_table.h"
-#include "shell/menus.h"
-#include "shell/screens.h"
-#include "shell/text_table.h"
-#include "tests/support/gl_recorder.h"
-#include "tests/support/test_files.h"
-#include "util/file_reader.h"
-#include "util/folders.h"
-#include "window/input.h"
+#include "tests/shell/shell_fixture.h"
 
 using testing::ExitedWithCode;
 using testing::HasSubstr;
-using S = std::string;
 using Ints = std::vector<int32_t>;
 
 static Ints picks;
 static int swaps = 0;
 
-static S num(float v) {
-    std::ostringstream o;
-    o << v;
-    return o.str();
-}
+static S num(float v) { return (std::ostringstream() << v).str(); }
 static S rect(const MenuRect& r) { return num(r.left) + ".." + num(r.right) + " x " + num(r.bottom) + ".." + num(r.top); }
 static S shown(const char* s) {  // glyph bytes as \xNN
     S out;
@@ -61,19 +36,14 @@ static S dump() {
 }
 static void point(float x, float y) { ShellInput.mouse_x = x, ShellInput.mouse_y = y; }
 
-class Menus : public testing::Test {
-  protected:
+class Menus : public Shell {
+protected:
     void SetUp() override {
-        gl_recorder_install();
-        gl_state_reset(), tex_reset(), design_space_reset(), input_reset(), fio_reset(), menus_reset(), text_table_reset();
-        OGL_tex_bytes[TEX_SHEET] = OGL_tex_bytes[TEX_GLYPHS] = 1;  // the sheets count as loaded
-        language = LANG_ENGLISH, cur_screen = SCREEN_MAIN, swaps = 0;
-        picks.clear();
+        Shell::SetUp();
+        swaps = 0, picks.clear();
         app_set_hooks(nullptr, nullptr, [](int32_t c) { picks.push_back(c); });
         OGL_set_swap([]() -> int32_t { return ++swaps; });
-        folders_fill(dir.c_str(), dir.c_str());
     }
-    void TearDown() override { app_set_hooks(nullptr, nullptr, nullptr), OGL_set_swap(nullptr); }
     // Writes `body` as the current language's menu file and reads it.
     void load(const S& body) {
         S folder = dir + "Resources/menus/" + language_folder_word(language);
@@ -82,23 +52,16 @@ class Menus : public testing::Test {
         test_write_file(folder, "Vocalog.txt", "I\n1 version\ncomment\n" + body);
         MACIBM_load_menus("Vocalog.txt");
     }
-    S dir = test_temp_dir();
 };
 using MenusDeathTest = Menus;
 
-static S items(int n, const S& label) {
-    S s;
-    for (int i = 0; i < n; ++i) s += std::to_string(i) + " " + label + "\n";
-    return s;
+static S items(int n, const S& label) {  // n lines "index label"
+    return n ? items(n - 1, label) + std::to_string(n - 1) + " " + label + "\n" : "";
 }
 
 TEST_F(Menus, FileAndColumnLayout) {
     const S k3 = "\\x01\\x02\\x01\\x03\\x01\\x7f", k20 = "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19";
-    struct Row {
-        int32_t lang;
-        float margin_y;
-        S body, want;  // want: a part of the dump, or all of it when it starts the dump
-    } rows[] = {
+    struct Row { int32_t lang; float margin_y; S body, want; } rows[] = {  // want: a part of the dump, or all of it
         // Titles 7 a character, 12 apart; the column as wide as the longest label x 7 + 35, rows 12
         // high, a separator 2; a line with no blank is an item without a name that takes its index;
         // an empty line in a title's place ends the file.
@@ -125,9 +88,7 @@ TEST_F(Menus, FileAndColumnLayout) {
         language = r.lang, ui_margin_y = r.margin_y;
         load(r.body);
         const S d = dump();
-        if (d.rfind(r.want, 0) == 0 && r.want.back() == '\n') {
-            EXPECT_EQ(d, r.want);  // nothing else read
-        }
+        if (d.rfind(r.want, 0) == 0 && r.want.back() == '\n') EXPECT_EQ(d, r.want);  // nothing else read
         EXPECT_THAT(d, HasSubstr(r.want)) << r.body;
     }
     load("0 1\n100 10  200\n");  // a plain label keeps the Latin face, and its measures lay out the column
@@ -137,17 +98,14 @@ TEST_F(Menus, FileAndColumnLayout) {
 
 TEST_F(MenusDeathTest, LimitsEndTheProgram) {
     const S k40 = "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19";  // 40 bytes once converted
-    struct Row {
-        int32_t lang;
-        S body, l1, l4;
-    } rows[] = {
+    struct { int32_t lang; S body, l1, l4; } rows[] = {
         {LANG_ENGLISH, "0 " + S(40, 'T') + "\n", "menu name too long in MACIBM_create_menu!", S(40, 'T')},
         {LANG_KOREAN, "0 " + k40 + " " + k40 + "\n", "menu name too long in MACIBM_create_menu!", "\x01\x01\x01\x02"},
         {LANG_KOREAN, "0 1\n5 " + k40 + "\n", "Menu name too long in append_menu!", "\x01\x01\x01\x02"},
         {LANG_ENGLISH, "0 File\n" + items(101, "x"), "Item index out of range in append_menu!", "x"},
         {LANG_ENGLISH, "0 File\n\n42000 Orphan\n", "Parent code out of range in MACIBM_create_menu!", "Orphan"},
     };
-    for (const Row& r : rows) {
+    for (const auto& r : rows) {
         language = r.lang;
         EXPECT_EXIT(load(r.body), ExitedWithCode(0), HasSubstr(r.l1 + "\n\n\n\n\n\n" + r.l4)) << r.l1;
     }
@@ -172,32 +130,21 @@ class Picks : public Menus {
 };
 
 TEST_F(Picks, ClicksReturnAndFollowingThePointer) {
-    enum : int32_t { CLICK, RETURN, FOLLOW, WINDOW = 5 };
-    struct Row {
-        int32_t screen, open;
-        float x, y;
-        int32_t how, open_after, screen_after;
-        Ints picks;
-    } rows[] = {
-        {SCREEN_MAIN, -1, 26, 759, CLICK, 0, SCREEN_MAIN, {}},   // a title opens its menu
-        {SCREEN_MAIN, 0, 26, 759, CLICK, -1, SCREEN_MAIN, {}},   // ... and closes it again
-        {SCREEN_MAIN, 0, 80, 768, CLICK, 1, SCREEN_MAIN, {}},    // another title, edges included
-        {SCREEN_MAIN, 0, 89, 712, CLICK, -1, SCREEN_MAIN, {102}},
-        {SCREEN_MAIN, 0, 50, 725, CLICK, -1, SCREEN_MAIN, {}},   // a separator only closes, so does
-        {SCREEN_MAIN, 0, 500, 400, CLICK, -1, SCREEN_MAIN, {}},  // a click elsewhere
-        {SCREEN_MAIN, 0, 50, 732, CLICK, 2, SCREEN_MAIN, {}},    // the item a menu hangs off opens it
-        {SCREEN_MAIN, 2, 50, 732, CLICK, -1, SCREEN_MAIN, {201}},
-        {SCREEN_MAIN, -1, 50, 732, CLICK, -1, SCREEN_MAIN, {}},  // dead while its parent is closed
-        {SCREEN_MAIN, 0, 40, 744, RETURN, -1, SCREEN_MAIN, {100}},  // Return picks at the pointer
-        {WINDOW, -1, 500, 400, RETURN, -1, SCREEN_MAIN, {}},     // and closes a window screen,
-        {WINDOW, -1, 15, 758, CLICK, -1, SCREEN_MAIN, {}},       // as its corner knobs do
-        {WINDOW, -1, 1019, 748, CLICK, -1, SCREEN_MAIN, {}},
-        {WINDOW, -1, 15, 747.5f, CLICK, -1, WINDOW, {}},         // just below a knob
-        {SCREEN_ALERT, 0, 40, 744, RETURN, -1, SCREEN_ALERT, {}},  // no menus on the modal screens
-        {SCREEN_MAIN, 2, 52, 750, FOLLOW, 1, SCREEN_MAIN, {}},   // onto another bar title
-        {SCREEN_MAIN, -1, 66, 759, FOLLOW, -1, SCREEN_MAIN, {}},
-        {SCREEN_MAIN, 0, 50, 732, FOLLOW, 0, SCREEN_MAIN, {}},   // a hanging menu's title is off the bar
-    };
+    enum : int32_t { CLICK, RETURN, FOLLOW, WINDOW = 5, MAIN = SCREEN_MAIN };  // no menus on the modal screens
+    struct Row { int32_t screen, open; float x, y; int32_t how, open_after, screen_after; Ints picks; } rows[] = {
+        // A title opens its menu and closes it again; another title, edges included; an item.
+        {MAIN, -1, 26, 759, CLICK, 0, MAIN, {}}, {MAIN, 0, 26, 759, CLICK, -1, MAIN, {}},
+        {MAIN, 0, 80, 768, CLICK, 1, MAIN, {}}, {MAIN, 0, 89, 712, CLICK, -1, MAIN, {102}},
+        // A separator only closes; the item a menu hangs off opens it, dead while its parent is closed.
+        {MAIN, 0, 50, 725, CLICK, -1, MAIN, {}}, {MAIN, 0, 50, 732, CLICK, 2, MAIN, {}},
+        {MAIN, 2, 50, 732, CLICK, -1, MAIN, {201}}, {MAIN, -1, 50, 732, CLICK, -1, MAIN, {}},
+        // Return picks at the pointer and closes a window screen, as its corner knobs do (not just below).
+        {MAIN, 0, 40, 744, RETURN, -1, MAIN, {100}}, {WINDOW, -1, 500, 400, RETURN, -1, MAIN, {}},
+        {WINDOW, -1, 15, 758, CLICK, -1, MAIN, {}}, {WINDOW, -1, 1019, 748, CLICK, -1, MAIN, {}},
+        {WINDOW, -1, 15, 747.5f, CLICK, -1, WINDOW, {}}, {SCREEN_ALERT, 0, 40, 744, RETURN, -1, SCREEN_ALERT, {}},
+        // Following the pointer onto another bar title; a hanging menu's title is off the bar.
+        {MAIN, 2, 52, 750, FOLLOW, 1, MAIN, {}}, {MAIN, -1, 66, 759, FOLLOW, -1, MAIN, {}},
+        {MAIN, 0, 50, 732, FOLLOW, 0, MAIN, {}}};
     for (const Row& r : rows) {
         cur_screen = SCREEN_MAIN, open_menu = -1, swaps = 0;
         if (r.open >= 0) open_by_clicks(r.open);
@@ -261,8 +208,7 @@ TEST_F(Menus, ShippedLanguagesPickTheSameCommands) {
                 MACIBM_handleclick(0);
                 seen[m].push_back(picks.back());
             }
-        EXPECT_EQ(seen[0], want[0]) << language_folder_word(language);
-        EXPECT_EQ(seen[1], want[1]) << language_folder_word(language);
-        EXPECT_EQ(menu_table[2].title[0], 0);
+        EXPECT_EQ(std::tuple(seen[0], seen[1], menu_table[2].title[0]), std::tuple(want[0], want[1], 0))
+            << language_folder_word(language);
     }
 }

@@ -1,19 +1,14 @@
 // Screens: panels and their placement, the background image's tiles, the progress screen.
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 
-#include "graphics/gl_state.h"
-#include "graphics/textures.h"
-#include "shell/menus.h"
 #include "tests/shell/shell_fixture.h"
 #include "tests/support/bmp_file.h"
-#include "util/folders.h"
 
 TEST_F(Screens, PanelsAreCentredRoundedAndOpeningResetsInput) {
     const struct { int32_t id; float disp_w, disp_h, x, y, w, h; const char* title; } rows[] = {
-        {SCREEN_ALERT, 1024, 768, 312, 274, 400, 220, "Alert"},
         {SCREEN_FILE_OPEN, 1024, 768, 337, 156, 350, 457, "Files"},  // 155.5 rounds away from zero
-        {SCREEN_FILE_SAVE, 1024, 768, 336, 156, 353, 457, "Files"}, {SCREEN_DIALOG, 1024, 768, 362, 322, 300, 125, "Files"},
         {SCREEN_MAIN, 1280, 1024, 0, 0, 1280, 1024, ""},  // a bigger window: never off the low edge
         {5, 800, 600, 112, 84, 800, 600, ""}};
     for (const auto& r : rows) {
@@ -26,18 +21,17 @@ TEST_F(Screens, PanelsAreCentredRoundedAndOpeningResetsInput) {
                                     ShellInput.mouse_down}),
                   std::vector<int>({r.id, -1, 0, 0, 0}));
     }
-    disp_width = 1024, disp_height = 768;
 }
 
 // The intro picture (magenta lets the screen colour through) composed over the screen colour,
 // cut into twelve nearest-filtered tiles: tile (i, j) texel (u, v) is image pixel (256 i + u, 256 j + v).
 TEST_F(Screens, BackgroundImageIsComposedAndCutIntoTwelveTiles) {
-    const std::string root = test_temp_dir(), dir = root + "Resources/bitmaps/intro/";
-    std::filesystem::create_directories(dir);
-    folders_fill(root.c_str(), root.c_str());
-    bmp_write(dir, "german.bmp", {.width = 300, .height = 300, .pixel = [](int32_t x, int32_t y) {
-                                      return x == 299 ? 0xFF00FFu : (uint32_t)((x % 256) << 16 | (y % 256) << 8 | (x / 256 + 2 * (y / 256)));
-                                  }});
+    const S intro = dir + "Resources/bitmaps/intro/";
+    std::filesystem::create_directories(intro);
+    auto pixel = [](int32_t x, int32_t y) {  // magenta down the right edge
+        return x == 299 ? 0xFF00FFu : (uint32_t)((x % 256) << 16 | (y % 256) << 8 | (x / 256 + 2 * (y / 256)));
+    };
+    bmp_write(intro, "german.bmp", {.width = 300, .height = 300, .pixel = pixel});
     bg_color[0] = 200.9f, bg_color[1] = 100, bg_color[2] = 50;
     for (auto [id, lang, pictured] : {std::tuple(SCREEN_INTRO, 2, true), {SCREEN_MAIN, 2, false}, {SCREEN_INTRO, 6, false}}) {
         gl.clear_log(), language = lang;
@@ -46,8 +40,8 @@ TEST_F(Screens, BackgroundImageIsComposedAndCutIntoTwelveTiles) {
         for (const GlUpload& up : gl.uploads) {
             const int tile = (int)up.tex - 311, i = tile % 4, j = tile / 4;
             ASSERT_TRUE(tile >= 0 && tile < 12 && up.width == 256 && up.height == 256 && up.format == GL_RGBA);
-            EXPECT_EQ(gl.tex_params[up.tex][GL_TEXTURE_MIN_FILTER], GL_NEAREST);
-            EXPECT_EQ(gl.tex_params[up.tex][GL_TEXTURE_MAG_FILTER], GL_NEAREST);
+            auto& params = gl.tex_params[up.tex];
+            EXPECT_EQ(std::pair(params[GL_TEXTURE_MIN_FILTER], params[GL_TEXTURE_MAG_FILTER]), std::pair(GL_NEAREST, GL_NEAREST));
             for (auto [u, v] : {std::pair(0, 0), {255, 255}, {43, 17}, {299 - 256, 5}}) {
                 const int x = 256 * i + u, y = 256 * j + v;
                 const bool in_picture = pictured && x < 299 && y < 300;

@@ -1,27 +1,18 @@
 // The text file reader: entries by index, blanks kept and dropped, the end marker, its limits.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <map>
-#include <string>
 
-#include "shell/text_table.h"
-#include "tests/support/test_files.h"
-#include "util/file_reader.h"
+#include "tests/shell/shell_fixture.h"
 
 using testing::ExitedWithCode;
 using testing::HasSubstr;
-using S = std::string;
 
-class TextFile : public testing::Test {
-  protected:
-    void SetUp() override { fio_reset(), text_table_reset(); }
+class TextFile : public Shell {
+protected:
     void read(const S& body) {
         strcpy(path, test_write_file(dir, "Vocalog.txt", body).c_str());
         text_file_read(path);
     }
-    S dir = test_temp_dir();
     char path[500];
 };
 using TextFileDeathTest = TextFile;
