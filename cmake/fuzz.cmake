@@ -12,5 +12,5 @@ target_compile_options(vocalog_core PRIVATE -fsanitize=fuzzer-no-link ${VOCALOG_
 target_compile_options(vocalog_platform_null PRIVATE ${VOCALOG_FUZZ_FLAGS})
 add_executable(fuzz_readers ${CMAKE_SOURCE_DIR}/tests/fuzz/fuzz_readers.cpp ${CMAKE_SOURCE_DIR}/tests/support/gl_recorder.cpp)
 target_compile_options(fuzz_readers PRIVATE -fsanitize=fuzzer ${VOCALOG_FUZZ_FLAGS})
-target_link_options(fuzz_readers PRIVATE -fsanitize=fuzzer ${VOCALOG_FUZZ_FLAGS})
+target_link_options(fuzz_readers PRIVATE -fsanitize=fuzzer ${VOCALOG_FUZZ_FLAGS} -Wl,--wrap=fopen -Wl,--wrap=fclose)
 target_link_libraries(fuzz_readers PRIVATE vocalog_headless)
