@@ -1,5 +1,5 @@
-// The composer (introduction, enroute and departure times, openers, order of random draws)
-// and the menu commands that write the briefing file.
+// The composer (introduction, enroute and departure times, openers, order of random draws),
+// the menu commands that write the briefing file, and the speak command without an audio output.
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -13,6 +13,7 @@
 #include "briefing/briefing_file.h"
 #include "briefing/composer.h"
 #include "briefing/request.h"
+#include "briefing/speaker.h"
 #include "base/alert.h"
 #include "base/shutdown.h"
 #include "tests/support/sim_files.h"
@@ -169,4 +170,15 @@ TEST_F(Composer, OtherCommands) {
     EXPECT_EQ(quit_requested, 1);
     EXPECT_THAT(alerts, testing::ElementsAre(StartsWith("14|Vocalog")));
     EXPECT_EQ(files_in_dir(), 1);
+}
+
+// The speak command without an audio output composes a briefing when none is shown, then says
+// in a note that it cannot play.
+TEST_F(Composer, SpeakWithoutAudioComposesWhenNothingIsShownAndSaysSo) {
+    static int composed = 0;
+    for (int k = 0; k < 2; ++k) EXPECT_EQ(brief_speak_toggle([] { ++composed, brief_compose(); }), SPEAK_FAILED);
+    EXPECT_EQ(composed, 1);  // the second time a briefing is shown
+    EXPECT_FALSE(brief_speak_busy());
+    const std::string note = std::to_string(ALERT_NOTE) + "|I cannot play the briefing:|this build has no audio output||";
+    EXPECT_EQ(alerts, std::vector<std::string>({note, note}));
 }
