@@ -100,7 +100,8 @@ TEST_F(Phrasing, TimeTemperatureWindAndPressure) {
     EXPECT_THAT(phrase(1, PLACE_MIDPOINT), StartsWith("at 0 zulu, San Jose Intl is reporting"));
 }
 
-TEST_F(Phrasing, AParagraphPast499CharactersIsFatal) {
+using PhrasingDeathTest = Phrasing;  // death tests run first, before any test leaves a thread
+TEST_F(PhrasingDeathTest, AParagraphPast499CharactersIsFatal) {
     std::string opener(430, 'x');
     EXPECT_EXIT(phrase(1, PLACE_DEPARTURE, opener.c_str()), testing::ExitedWithCode(0),
                 HasSubstr("though:\n\n" + opener + "Oakland Intl is reporting clear skies, visibility 10"));

@@ -123,7 +123,8 @@ TEST_F(WeatherLookup, LinesAndFiles) {
 
 // A FIFO or an endless device never blocks a reader, the data-file reader's slots or the weather
 // file's own stream: each is a file that cannot be opened.
-TEST_F(WeatherLookup, AFifoOrAnEndlessDeviceIsAFileThatCannotBeOpened) {
+using WeatherLookupDeathTest = WeatherLookup;  // death tests run first, before any test leaves a thread
+TEST_F(WeatherLookupDeathTest, AFifoOrAnEndlessDeviceIsAFileThatCannotBeOpened) {
     ASSERT_EQ(mkfifo((dir + "fifo").c_str(), 0644), 0);
     for (const std::string& path : {dir + "fifo", std::string("/dev/zero")}) {
         EXPECT_EXIT(
