@@ -1,28 +1,17 @@
-// The composer (introduction, enroute and departure times, openers, order of random draws),
-// the menu commands that write the briefing file, and the speak command without an audio output.
-#include <gmock/gmock.h>
+// The composer's introduction (enroute and departure times; the openers' draws are pinned by
+// the command-line briefer's exact briefing), the menu commands that write the briefing file, and the speak command without an audio output.
+#include "tests/briefing/briefing_tests.h"
 
-#include <cmath>
-#include <algorithm>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "briefing/briefing_file.h"
-#include "briefing/composer.h"
-#include "briefing/request.h"
 #include "briefing/speaker.h"
-#include "base/alert.h"
 #include "base/shutdown.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/random.h"
 
 using testing::AllOf;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 static std::vector<std::string> alerts;
 

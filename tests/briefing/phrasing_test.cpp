@@ -1,18 +1,7 @@
 // Weather phrasing: every wording rule, the rounding edges and the report time it keeps.
-#include <gmock/gmock.h>
-
-#include <cmath>
+#include "tests/briefing/briefing_tests.h"
 
 #include "briefing/phrasing.h"
-#include "briefing/request.h"
-#include "briefing/weather.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/random.h"
-#include "util/text.h"
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 class Phrasing : public testing::Test {
   protected:

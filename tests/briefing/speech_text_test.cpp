@@ -1,21 +1,12 @@
 // The spoken text of briefings: each reading rule, and whole briefings of the sample world read
 // end to end.
-#include <gmock/gmock.h>
+#include "tests/briefing/briefing_tests.h"
 
 #include <cstdlib>
-#include <string>
 
-#include "briefing/aircraft.h"
-#include "briefing/airports.h"
-#include "briefing/composer.h"
-#include "briefing/request.h"
 #include "briefing/speech_text.h"
 #include "briefing/world.h"
 #include "util/folders.h"
-#include "tests/support/sim_files.h"
-#include "util/random.h"
-
-using testing::HasSubstr;
 
 class SpeechText : public testing::Test {
   protected:

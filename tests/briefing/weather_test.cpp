@@ -1,19 +1,11 @@
 // The weather lookup: choosing the nearest airport-coded report, decoding its groups, and
 // files that cannot be opened.
-#include <gmock/gmock.h>
+#include "tests/briefing/briefing_tests.h"
 
-#include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "briefing/airport_index.h"
-#include "briefing/airports.h"
-#include "briefing/weather.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/file_reader.h"
-#include "util/random.h"
-#include "util/text.h"
 
 class WeatherLookup : public testing::Test {
   protected:
