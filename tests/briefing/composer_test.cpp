@@ -1,5 +1,6 @@
 // The composer's introduction (enroute and departure times; the openers' draws are pinned by
-// the command-line briefer's exact briefing), the menu commands that write the briefing file, and the speak command without an audio output.
+// the command-line briefer's exact briefing), the menu commands that write the briefing file,
+// and the speak command without an audio output.
 #include "tests/briefing/briefing_tests.h"
 
 #include <ctime>
@@ -131,6 +132,7 @@ TEST_F(Composer, SpeakWithoutAudioComposesWhenNothingIsShownAndSaysSo) {
     for (int k = 0; k < 2; ++k) EXPECT_EQ(brief_speak_toggle([] { ++composed, brief_compose(); }), SPEAK_FAILED);
     EXPECT_EQ(composed, 1);  // the second time a briefing is shown
     EXPECT_FALSE(brief_speak_busy());
-    const std::string note = std::to_string(ALERT_NOTE) + "|I cannot play the briefing:|this build has no audio output||";
+    const std::string note =
+        std::to_string(ALERT_NOTE) + "|I cannot play the briefing:|this build has no audio output||";
     EXPECT_EQ(alerts, std::vector<std::string>({note, note}));
 }

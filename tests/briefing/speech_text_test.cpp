@@ -45,10 +45,11 @@ class SpeechText : public testing::Test {
 // or as other worlds could.
 TEST(SpeechTextRules, EachReading) {
     const struct { const char *written, *spoken; } rows[] = {
-        {"this is N172SP, a C172SP, planning", "this is November one seven two Sierra Papa, a C one seventy-two S P, planning"},
+        {"this is N172SP, a C172SP, planning",
+         "this is November one seven two Sierra Papa, a C one seventy-two S P, planning"},
         {"this is G-ABCD, a Baron58, a KingAir350, a CitationCJ4, a B707, a A320neo, a Cessna_172 (BA 709)",
-         "this is Golf Alpha Bravo Charlie Delta, a Baron fifty-eight, a King Air three fifty, a Citation C J four, a B "
-         "seven oh seven, a A three twenty neo, a Cessna one seventy-two (BA seven hundred nine)"},
+         "this is Golf Alpha Bravo Charlie Delta, a Baron fifty-eight, a King Air three fifty, a Citation C J four, "
+         "a B seven oh seven, a A three twenty neo, a Cessna one seventy-two (BA seven hundred nine)"},
         {"will be 2124 zulu, estimating 11.6 hours enroute at 12500 feet,",
          "will be two one two four zulu, estimating eleven point six hours enroute at one two thousand five hundred "
          "feet,"},
@@ -69,7 +70,8 @@ TEST(SpeechTextRules, EachReading) {
         {"from Homey (Area 51) Airport to Gangneung Airport (K-18). 22nd 101st 11th 112th 3rd 1000000",
          "from Homey (Area fifty-one) Airport to Gangneung Airport (K-eighteen). twenty-second one hundred first "
          "eleventh one hundred twelfth third one million"},
-        {"Enroute lets look look at this one, at 2050 zulu,", "Enroute let's look at this one, at two zero five zero zulu,"},
+        {"Enroute lets look look at this one, at 2050 zulu,",
+         "Enroute let's look at this one, at two zero five zero zulu,"},
     };
     for (const auto& r : rows) {
         char out[SPEECH_TEXT_SIZE];

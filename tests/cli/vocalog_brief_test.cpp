@@ -102,7 +102,8 @@ TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
     EXPECT_THAT(run({"--seed=1", "--now=2350"}),
                 MatchesRegex("0\\|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra[.] Estimated "
                              "time of departure will be 0020 zulu, estimating .*at 900 zulu, Alpha is reporting skies "
-                             "3300 broken, visibility 10 miles[.] .*at 900 zulu, Sierra is reporting skies 3300 broken, .*\\|"));
+                             "3300 broken, visibility 10 miles[.] .*at 900 zulu, Sierra is reporting skies 3300 "
+                             "broken, .*\\|"));
 }
 
 // The 16-bit samples after a WAV file's 44-byte header, or of a raw file; zeros dropped when asked.
@@ -224,7 +225,10 @@ TEST_F(Brief, CommandLineEdges) {
          ok + "from Double Eagle II to Double Eagle II[.] Estimated time of departure will be 1926 zulu, at 0 feet.*"},
         {{"--altitude", "100000"}, true, "", usage + "altitude '100000' .*"},
         {{"--altitude", "-1"}, true, "", usage + "altitude '-1' .*"},
-        {{"--altitude", "1e3"}, true, "", usage + "altitude '1e3' .*"},
+        {{"--altitude", "1e3"}, true, "", usage + "altitude '1e3' .*"},  // no form a number reader takes beyond digits
+        {{"--altitude", "+5"}, true, "", usage + "altitude .*"},
+        {{"--altitude", "0x10"}, true, "", usage + "altitude .*"},
+        {{"--altitude", "high"}, true, "", usage + "altitude .*"},
         {{"--altitude", "1.2.3"}, true, "", usage + "altitude .*"},
         {{"--seed", "4294967296"}, true, "", usage + "seed .*"},
         {{"--seed", "+3"}, true, "", usage + "seed .*"},

@@ -89,7 +89,8 @@ TEST_F(Prefs, SaveWritesTheHeaderOfEachKindOrAlerts) {
     EXPECT_THAT(shown, HasSubstr(dir + "data.txt|"));
     EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(save("no such folder:x.prf", FILE_TYPE_PREFS, 3), "not saved");
-    EXPECT_THAT(shown, testing::MatchesRegex("I could not save the file! .*[|]" + dir + "no such folder/x.prf[|].+[|].+"));
+    EXPECT_THAT(shown,
+                testing::MatchesRegex("I could not save the file! .*[|]" + dir + "no such folder/x.prf[|].+[|].+"));
 }
 
 TEST_F(Prefs, LanguageAndResolutionRoundTripAndCutFiles) {
