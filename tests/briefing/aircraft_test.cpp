@@ -1,12 +1,5 @@
 // Aircraft files: versions, both byte orders, the introduction text and the speed estimate.
-#include <gtest/gtest.h>
-
-#include <cstring>
-
-#include "briefing/aircraft.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/file_reader.h"
+#include "tests/briefing/briefing_tests.h"
 
 static int32_t read(const std::string& bytes) {
     fio_reset();  // a read starts from a zero block: the rows that fail follow rows that filled it

@@ -1,13 +1,5 @@
 // The airport scan, its limits and failures, and the lookup of an airport by code.
-#include <gmock/gmock.h>
-
-#include <cstring>
-
-#include "briefing/airports.h"
-#include "base/alert.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/file_reader.h"
+#include "tests/briefing/briefing_tests.h"
 
 static int progress_calls = 0;
 static char path[500];

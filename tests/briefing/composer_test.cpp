@@ -1,27 +1,18 @@
-// The composer (introduction, enroute and departure times, openers, order of random draws)
-// and the menu commands that write the briefing file.
-#include <gmock/gmock.h>
+// The composer's introduction (enroute and departure times; the openers' draws are pinned by
+// the command-line briefer's exact briefing), the menu commands that write the briefing file,
+// and the speak command without an audio output.
+#include "tests/briefing/briefing_tests.h"
 
-#include <cmath>
-#include <algorithm>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "briefing/briefing_file.h"
-#include "briefing/composer.h"
-#include "briefing/request.h"
-#include "base/alert.h"
+#include "briefing/speaker.h"
 #include "base/shutdown.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/random.h"
 
 using testing::AllOf;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 static std::vector<std::string> alerts;
 
@@ -96,33 +87,6 @@ TEST_F(Composer, DepartureTimeIsTheDepartureReportPlus30Minutes) {
     brief_set_clock(-1);
 }
 
-// Three draws choose the openers, then each paragraph draws its lead-in choice: six draws in all.
-// Changing one draw's choice changes one paragraph: before its report time for an opener, after it
-// for a lead-in.
-// (The wordings themselves are pinned by the command-line briefer's exact briefing.)
-TEST_F(Composer, DrawOrderOfOpenersAndLeadIns) {
-    auto compose = [](int changed) {  // every draw picks its first choice but draw `changed`, its second
-        std::vector<std::pair<int, int>> draws;
-        for (int k = 0; k < 6; ++k) draws.emplace_back(k < 3 ? 6 : 5, k == changed ? 2 : 1);
-        rand_set_state(sim_seed_for(draws));
-        const uint64_t before = rand_count();
-        brief_compose();
-        EXPECT_EQ(rand_count() - before, 6u);
-        return std::vector<std::string>{brief_req.dep_wx, brief_req.enroute_wx, brief_req.dest_wx};
-    };
-    const std::vector<std::string> base = compose(-1);
-    for (int k = 0; k < 6; ++k) {
-        const std::vector<std::string> got = compose(k);
-        for (int p = 0; p < 3; ++p) {
-            const size_t same = std::mismatch(got[p].begin(), got[p].end(), base[p].begin()).first - got[p].begin();
-            EXPECT_EQ(got[p] != base[p], p == k % 3) << "draw " << k << ", paragraph " << p;
-            if (p == k % 3) {
-                EXPECT_EQ(same < base[p].find(" zulu, "), k < 3) << "draw " << k << ": " << got[p];
-            }
-        }
-    }
-}
-
 TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
     ASSERT_EQ(chdir(dir.c_str()), 0);
     test_write_file(dir, "Vocalog.txt", "old briefing\n");
@@ -149,16 +113,6 @@ TEST_F(Composer, WriteComposesFreshAndReplacesTheFileSafely) {
     EXPECT_THAT(alerts[2], testing::HasSubstr("|" + dir + "Vocalog.txt|"));
     EXPECT_THAT(brief_req.intro, StartsWith("Hello, this is "));
 
-    // A failed write throws its temporary file away and leaves the old file as it was.
-    OutFile f;
-    out_open(&f, (dir + "Vocalog.txt").c_str(), false);
-    out_text(&f, "half a brief");
-    f.state |= FS_BAD;
-    out_close(&f);
-    EXPECT_FALSE(out_good(&f));
-    EXPECT_EQ(brief_save((dir + "no folder/Vocalog.txt").c_str()), 0);
-    EXPECT_EQ(test_read_file(dir + "Vocalog.txt"), text);
-    EXPECT_EQ(files_in_dir(), 2);
 }
 
 TEST_F(Composer, OtherCommands) {
@@ -169,4 +123,16 @@ TEST_F(Composer, OtherCommands) {
     EXPECT_EQ(quit_requested, 1);
     EXPECT_THAT(alerts, testing::ElementsAre(StartsWith("14|Vocalog")));
     EXPECT_EQ(files_in_dir(), 1);
+}
+
+// The speak command without an audio output composes a briefing when none is shown, then says
+// in a note that it cannot play.
+TEST_F(Composer, SpeakWithoutAudioComposesWhenNothingIsShownAndSaysSo) {
+    static int composed = 0;
+    for (int k = 0; k < 2; ++k) EXPECT_EQ(brief_speak_toggle([] { ++composed, brief_compose(); }), SPEAK_FAILED);
+    EXPECT_EQ(composed, 1);  // the second time a briefing is shown
+    EXPECT_FALSE(brief_speak_busy());
+    const std::string note =
+        std::to_string(ALERT_NOTE) + "|I cannot play the briefing:|this build has no audio output||";
+    EXPECT_EQ(alerts, std::vector<std::string>({note, note}));
 }

@@ -1,18 +1,7 @@
 // Weather phrasing: every wording rule, the rounding edges and the report time it keeps.
-#include <gmock/gmock.h>
-
-#include <cmath>
+#include "tests/briefing/briefing_tests.h"
 
 #include "briefing/phrasing.h"
-#include "briefing/request.h"
-#include "briefing/weather.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/random.h"
-#include "util/text.h"
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 class Phrasing : public testing::Test {
   protected:
@@ -100,7 +89,8 @@ TEST_F(Phrasing, TimeTemperatureWindAndPressure) {
     EXPECT_THAT(phrase(1, PLACE_MIDPOINT), StartsWith("at 0 zulu, San Jose Intl is reporting"));
 }
 
-TEST_F(Phrasing, AParagraphPast499CharactersIsFatal) {
+using PhrasingDeathTest = Phrasing;  // death tests run first, before any test leaves a thread
+TEST_F(PhrasingDeathTest, AParagraphPast499CharactersIsFatal) {
     std::string opener(430, 'x');
     EXPECT_EXIT(phrase(1, PLACE_DEPARTURE, opener.c_str()), testing::ExitedWithCode(0),
                 HasSubstr("though:\n\n" + opener + "Oakland Intl is reporting clear skies, visibility 10"));

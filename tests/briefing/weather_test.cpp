@@ -1,14 +1,11 @@
-// The weather lookup: choosing the nearest airport-coded report and decoding its groups.
-#include <gmock/gmock.h>
+// The weather lookup: choosing the nearest airport-coded report, decoding its groups, and
+// files that cannot be opened.
+#include "tests/briefing/briefing_tests.h"
 
-#include <cstring>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "briefing/airport_index.h"
-#include "briefing/airports.h"
-#include "briefing/weather.h"
-#include "tests/support/sim_files.h"
-#include "tests/support/test_files.h"
-#include "util/random.h"
 
 class WeatherLookup : public testing::Test {
   protected:
@@ -16,14 +13,17 @@ class WeatherLookup : public testing::Test {
         sim_set_airports({});
         sim_brief_reset(dir);
     }
-    // The station found for (lat, lon) in `file` and the report time then held: "station at seconds".
-    std::string found(const std::string& file, float lat = 0, float lon = 0) {
-        test_write_file(dir, "metar.rwx", file);
+    // The station found for (lat, lon) and the report time then held: "station at seconds".
+    std::string lookup(float lat = 0, float lon = 0) {
         StationWeather& w = station_wx;
         int32_t s = wx_lookup(lat, lon, &w.time, w.cloud_kind, w.cloud_base, w.cloud_top, &w.visibility, &w.wx_kind,
                               &w.wx_intensity, &w.temperature, &w.dewpoint, &w.wind_dir, &w.wind_speed, &w.gust,
                               &w.pressure);
         return std::to_string(s) + " at " + std::to_string((int)w.time);
+    }
+    std::string found(const std::string& file, float lat = 0, float lon = 0) {
+        test_write_file(dir, "metar.rwx", file);
+        return lookup(lat, lon);
     }
     // Decodes one report of the station KSFO; the record keeps what earlier decodings left.
     const StationWeather& decode(const std::string& line) {
@@ -76,10 +76,8 @@ TEST_F(WeatherLookup, GroupRules) {
         station_wx.visibility = station_wx.temperature = station_wx.dewpoint = station_wx.pressure = -1;
         EXPECT_THAT(fields(decode("KSFO 121856Z " + r[0])), testing::HasSubstr(r[1])) << r[0].substr(0, 40);
     }
-    rand_set_state(12345);
-    float want = (float)rand_next() * 360.0f / 32767.0f;
-    rand_set_state(12345);
-    EXPECT_EQ(decode("KSFO 121856Z VRB03KT").wind_dir, want);
+    rand_set_state(1);  // a variable wind's direction is a draw: 16838 of 32767 is 184.9934 degrees
+    EXPECT_NEAR(decode("KSFO 121856Z VRB03KT").wind_dir, 184.9934f, 0.001f);
 }
 
 TEST_F(WeatherLookup, NearestStationAndTies) {
@@ -113,4 +111,23 @@ TEST_F(WeatherLookup, LinesAndFiles) {
     for (const auto& r : rows) EXPECT_EQ(found(r[0]), r[1]) << r[0].substr(0, 60);
     strcpy(wx_file_path, (dir + "none.rwx").c_str());
     EXPECT_EQ(found(""), "-1 at 7200");
+}
+
+// A FIFO or an endless device never blocks a reader, the data-file reader's slots or the weather
+// file's own stream: each is a file that cannot be opened.
+using WeatherLookupDeathTest = WeatherLookup;  // death tests run first, before any test leaves a thread
+TEST_F(WeatherLookupDeathTest, AFifoOrAnEndlessDeviceIsAFileThatCannotBeOpened) {
+    ASSERT_EQ(mkfifo((dir + "fifo").c_str(), 0644), 0);
+    for (const std::string& path : {dir + "fifo", std::string("/dev/zero")}) {
+        EXPECT_EXIT(
+            {
+                alarm(5);  // a reader that waits is killed, and the row fails
+                Text p;
+                str_copy(path.c_str(), p);
+                str_copy(path.c_str(), wx_file_path);
+                _exit(fio_open(p, FILE_TYPE_TEXT, 0, 1) == 0 && lookup() == "-1 at 0" ? 0 : 1);
+            },
+            testing::ExitedWithCode(0), "")
+            << path;
+    }
 }

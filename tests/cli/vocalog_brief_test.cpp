@@ -1,9 +1,8 @@
 // vocalog-brief end to end: the built program run on generated simulator folders.
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <pty.h>
 #include <sys/stat.h>
@@ -40,12 +39,9 @@ class Brief : public testing::Test {
         else test_write_file(sim, "metar.rwx", metar);
     }
     // Runs the program built beside this test executable, the per-user folder under dir + "xdg",
-    // with the environment settings `env` ("NAME=value ..."); without `with_errors` only the code and
-    // standard output.
-    // The result: the exit code, "|", standard output, "|", standard error.
-    // `to` redirects standard output elsewhere (a shell redirection); "out" then stays empty.
-    std::string run(std::vector<std::string> args, bool base = true, const std::string& env = "",
-                    bool with_errors = true, std::string to = "") {
+    // standard output to `to` (a shell redirection; "out" then stays empty), with the environment
+    // settings `env` ("NAME=value ..."). The result: the exit code, "|", standard output, "|", standard error.
+    std::string run(std::vector<std::string> args, bool base = true, std::string to = "", const std::string& env = "") {
         if (base) args.insert(args.begin(), {"--sim", sim, "--from", "KABQ", "--to", "KSAF"});
         char here[4096];
         if (!plat_program_folder(here, sizeof here)) here[0] = 0;
@@ -55,69 +51,47 @@ class Brief : public testing::Test {
         test_write_file(dir, "out", "");
         if (to.empty()) to = ">" + quote(dir + "out");
         int status = std::system((cmd + " " + to + " 2>" + quote(dir + "err")).c_str());
-        std::string r = std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "|" + test_read_file(dir + "out");
-        return with_errors ? r + "|" + test_read_file(dir + "err") : r;
+        return std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "|" + test_read_file(dir + "out") + "|" +
+               test_read_file(dir + "err");
+    }
+    // Code and standard output of a run that writes nothing to standard error.
+    std::string written(const std::vector<std::string>& args) {
+        std::string r = run(args);
+        EXPECT_EQ(r.back(), '|');
+        return r.substr(0, r.size() - 1);
     }
     std::string dir = test_temp_dir(), sim = dir + "sim/";
 };
 
 TEST_F(Brief, ExactBriefingWithSeedOnStandardOutputOrInAFile) {
-    // The seed gives the openers 1, 1, 1 and the lead-ins 1, 1, 1.
-    std::string seed = std::to_string(sim_seed_for({{6, 1}, {6, 1}, {6, 1}, {5, 1}, {5, 1}, {5, 1}}));
+    // The seed gives the openers 2, 5, 6 and the lead-ins 3, 2, 5: the six draws in order, each
+    // choosing its own paragraph's wording.
+    std::string seed = std::to_string(sim_seed_for({{6, 2}, {6, 5}, {6, 6}, {5, 3}, {5, 2}, {5, 5}}));
     std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
     const std::string briefing =
         "Hello, this is N172SP, a C172, planning a flight from Albuquerque Intl to Santa Fe Muni. Estimated time "
-        "of departure will be 1926 zulu, estimating 0.9 hours enroute at 5500 feet, and requesting a "
-        "standard.\n\nOK then, for your departure, at 1856 zulu, Albuquerque Intl is reporting skies 1000 "
-        "scattered, 20000visibility 9 miles. Ah, Temperature 18 C, dewpoint 12 C. Now for the winds... Wind 280 at "
-        "15 gust 25, barometric pressure 3001. \n\nEnroute, at 1850 zulu, Midway Field is reporting skies 1000 "
-        "overcast, visibility 4 miles in heavy  rain. Ah, Temperature 8 C, dewpoint 6 C. Now for the winds... Wind "
-        "180 at 5, barometric pressure 2995. \n\nFor your destination, ah, at 1853 zulu, Santa Fe Muni is "
-        "reporting skies 5000 broken, visibility 9 miles. Ah, Temperature 12 C, dewpoint -2 C. Now for the "
-        "winds... Wind 300 at 8, barometric pressure 3004. \n\n";
+        "of departure will be 1926 zulu, estimating 0.9 hours enroute at 5500 feet, and requesting a standard.\n\n"
+        "All right, for your departure, at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered, "
+        "20000visibility 9 miles. Let's see here, Temperature 18 C, dewpoint 12 C. OK, Wind 280 at 15 gust 25, "
+        "barometric pressure 3001. \n\nEnroute let's look at this one... at 1850 zulu, Midway Field is reporting "
+        "skies 1000 overcast, visibility 4 miles in heavy  rain. Let's see, Temperature 8 C, dewpoint 6 C. Let's check "
+        "the winds... Wind 180 at 5, barometric pressure 2995. \n\nFor your destination, well, at 1853 zulu, Santa Fe "
+        "Muni is reporting skies 5000 broken, visibility 9 miles. Lemme see here... Temperature 12 C, dewpoint -2 C. "
+        "Let's see what the wind is doing... Wind 300 at 8, barometric pressure 3004. \n\n";
     EXPECT_EQ(run({"--aircraft", acf, "--altitude", "5500", "--seed", seed}), "0|" + briefing + "|");
     EXPECT_EQ(run({"--aircraft=" + acf, "--altitude=5500", "--seed", seed, "--out", dir + "b.txt"}), "0||");
     EXPECT_EQ(test_read_file(dir + "b.txt"), briefing);
 }
 
-TEST_F(Brief, UsageErrorsExitWith2) {
-    const std::vector<std::vector<std::string>> rows = {
-        {"--sim", sim, "--to", "KSAF"},  {"--sim", sim, "--from", "KABQ"}, {"--bogus", "1"}, {"--altitude", "100000"},
-        {"--altitude", "-1"},            {"--altitude", "high"},           {"--seed", "4294967296"}, {"--seed", "-3"},
-        {"--to", "KXXX"},                {"--from", "kabq"},               {"--aircraft", dir + "none.acf"},
-        {"--sim", dir + "no-such-folder"}, {"--out"},              {"--now", "2400"}, {"--now", "12:00"},
-        {"--now", "930"},
-    };
-    for (size_t k = 0; k < rows.size(); ++k)  // from the third row on, after valid options that they replace
-        EXPECT_THAT(run(rows[k], k >= 2), MatchesRegex("2\\|\\|vocalog-brief: [^\n]+\n")) << k;
-}
-
-TEST_F(Brief, HelpBoundaryValuesAndAnUnreadableAircraft) {
-    EXPECT_THAT(run({"--help"}, false), StartsWith("0|usage: vocalog-brief --sim DIR --from CODE --to CODE"));
-    EXPECT_THAT(run({"--altitude", "99999", "--seed", "4294967295"}),
-                MatchesRegex("0\\|Hello, this is , a untitled, planning a flight from Albuquerque Intl to Santa Fe Muni"
-                             "[.] [^\n]* at 99999 feet, and requesting a standard[.]\n\n.*\\|"));
-    EXPECT_THAT(run({"--sim=" + sim, "--from=KAEG", "--to=KAEG", "--altitude=0", "--seed=0"}, false),
-                HasSubstr("from Double Eagle II to Double Eagle II. Estimated time of departure will be 1926 zulu, at "
-                          "0 feet"));
-    // An existing file that is no aircraft: the briefing without aircraft data and one warning line.
-    EXPECT_THAT(run({"--aircraft", test_write_file(sim + "Aircraft/", "Junk.acf", "not an aircraft")}),
-                MatchesRegex("0\\|Hello, this is , a Junk, planning a flight from Albuquerque Intl to Santa Fe Muni[.] "
-                             "Estimated time of departure will be 1926 zulu, at 5000 feet.*\\|[^\n]*Junk.acf[^\n]*\n"));
-}
-
 TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
     std::string apt = sim + "Resources/Earth nav data/apt.dat";
     remove(apt.c_str());  // no airport file: the note, then the scan error
-    EXPECT_EQ(run({}), "1||I am unable to access a nav or airport data file!\nThe path I am looking at is as "
-                       "follows:\n" + apt + "\nMake sure the file listed above is available in the path listed above!\n"
-                           "File-scanning error!\nfile:\n" + apt + "\n");
+    EXPECT_THAT(run({}), MatchesRegex("1\\|\\|I am unable to access a nav or airport data file!\n.*\n" + apt +
+                                      "\nMake sure .*\nFile-scanning error!\nfile:\n" + apt + "\n"));
     folder({{"KABQ", "Alpha", 0, 0}, {"KSAF", "Sierra", 1, 1}}, "");  // no weather file, no preferences
-    EXPECT_THAT(run({}), testing::AllOf(StartsWith("1||I could not find an Zephyra prefs file or a Metar.rwx weather "
-                                                   "file!\nIn other words, I have no weather to give you a briefing "
-                                                   "with!\n"),
-                                        testing::EndsWith("\nI looked for the Zephyra prefs file here: " + dir +
-                                                          "xdg/Zephyra/Corvane 6 Zephyra.prf\n")));
+    EXPECT_THAT(run({}), MatchesRegex("1\\|\\|I could not find an Zephyra prefs file or a Metar.rwx weather file!\n.*"
+                                      "\nI looked for the Zephyra prefs file here: " + dir +
+                                      "xdg/Zephyra/Corvane 6 Zephyra.prf\n"));
     // The simulator's preferences in the per-user folder: its aircraft, and its weather for every place.
     std::filesystem::create_directories(dir + "xdg/Zephyra");
     std::string acf = test_write_file(sim + "Aircraft/", "C172.acf", sim_aircraft({}));
@@ -126,11 +100,10 @@ TEST_F(Brief, CoreFailuresExitWith1AndThePreferencesStandInForTheWeather) {
     // 10 - (1 / 15 + 1) = 8.93: 9 h; the clouds 1000 m above the start airport. No report was
     // decoded, so the departure is the time given for now plus 30 minutes.
     EXPECT_THAT(run({"--seed=1", "--now=2350"}),
-                testing::AllOf(StartsWith("0|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra. "
-                                          "Estimated time of departure will be 0020 zulu, estimating "),
-                               HasSubstr("at 900 zulu, Alpha is reporting skies 3300 broken, visibility 10 miles. "),
-                               HasSubstr("at 900 zulu, Sierra is reporting skies 3300 broken, "),
-                               testing::EndsWith("|")));
+                MatchesRegex("0\\|Hello, this is N172SP, a C172, planning a flight from Alpha to Sierra[.] Estimated "
+                             "time of departure will be 0020 zulu, estimating .*at 900 zulu, Alpha is reporting skies "
+                             "3300 broken, visibility 10 miles[.] .*at 900 zulu, Sierra is reporting skies 3300 "
+                             "broken, .*\\|"));
 }
 
 // The 16-bit samples after a WAV file's 44-byte header, or of a raw file; zeros dropped when asked.
@@ -144,25 +117,21 @@ static std::vector<int16_t> samples(const std::string& bytes, size_t from, bool 
 }
 
 TEST_F(Brief, WavFileAndLoudspeakerAfterTheWrittenBriefing) {
-    const std::string written = run({"--seed", "1"}, true, "", false);  // "0|" and the written briefing
-    ASSERT_THAT(written, StartsWith("0|Hello, this is , a untitled"));
+    const std::string briefing = written({"--seed", "1"});
+    ASSERT_THAT(briefing, StartsWith("0|Hello, this is , a untitled"));
     const std::string said = run({"--seed", "1", "--say-text", "--wav", dir + "b.wav"});
-    EXPECT_THAT(said, StartsWith(written));  // the written briefing first, then the spoken text
+    EXPECT_THAT(said, StartsWith(briefing));  // the written briefing first, then the spoken text
     EXPECT_THAT(said, HasSubstr("Wind two eight zero at one five gust two five, barometric pressure three zero zero "
                                 "one."));
+    // The header: PCM, mono, 22050 samples and 44100 bytes a second, 2 bytes a frame, 16 bits.
     const std::string wav = test_read_file(dir + "b.wav");
     ASSERT_GT(wav.size(), 44u);
-    auto u16 = [&](size_t at) { return uint32_t(uint8_t(wav[at]) | uint8_t(wav[at + 1]) << 8); };
-    auto u32 = [&](size_t at) { return u16(at) | u16(at + 2) << 16; };
-    EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
-    EXPECT_EQ(u32(4), wav.size() - 8);
-    EXPECT_EQ(u32(16), 16u);
-    EXPECT_EQ(u16(20), 1u);       // PCM
-    EXPECT_EQ(u16(22), 1u);       // mono
-    EXPECT_EQ(u32(24), 22050u);   // samples a second
-    EXPECT_EQ(u32(28), 44100u);   // bytes a second
-    EXPECT_EQ(u16(32) * 100 + u16(34), 216u);  // 2 bytes a frame, 16 bits
-    EXPECT_EQ(u32(40), wav.size() - 44);
+    EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 28),
+              std::string("RIFFWAVEfmt \x10\0\0\0\x01\0\x01\0\x22\x56\0\0\x44\xac\0\0\x02\0\x10\0data", 32));
+    uint32_t sizes[2];
+    memcpy(&sizes[0], &wav[4], 4), memcpy(&sizes[1], &wav[40], 4);
+    EXPECT_EQ(sizes[0] - sizes[1], 36u);
+    EXPECT_EQ(sizes[1], wav.size() - 44);
     const std::vector<int16_t> s = samples(wav, 44, false);
     double power = 0;
     int peak = 0, silent_runs = 0, run_length = 0;
@@ -172,52 +141,48 @@ TEST_F(Brief, WavFileAndLoudspeakerAfterTheWrittenBriefing) {
         silent_runs += run_length == 22050 / 4;  // a quarter second of quiet: between sentences
     }
     EXPECT_TRUE(s.size() > 30 * 22050 && s.size() < 120 * 22050) << s.size();
-    EXPECT_GT(std::sqrt(power / double(s.size())), 1000.0);
-    EXPECT_GT(peak, 10000);
-    EXPECT_GE(silent_runs, 4);
+    EXPECT_TRUE(std::sqrt(power / double(s.size())) > 1000 && peak > 10000 && silent_runs >= 4) << peak;
     // --speak through SDL's disk driver: the same sound, with silence wherever playing ran ahead of it.
-    const std::string play = run({"--seed", "1", "--speak"}, true,
+    const std::string play = run({"--seed", "1", "--speak"}, true, "",
                                  "SDL_AUDIODRIVER=disk SDL_DISKAUDIODELAY=0 SDL_DISKAUDIOFILE='" + dir + "played.raw'");
     if (play.find("this build has no audio output") != std::string::npos) GTEST_SKIP() << "built without SDL";
-    ASSERT_THAT(play, StartsWith(written));
+    ASSERT_THAT(play, StartsWith(briefing));
     EXPECT_TRUE(samples(test_read_file(dir + "played.raw"), 0, true) == samples(wav, 44, true));
 }
 
 TEST_F(Brief, MissingVoiceDataIsReportedAfterTheWrittenBriefing) {
-    const std::string written = run({"--seed", "1"}, true, "", false).substr(1);
+    const std::string briefing = written({"--seed", "1"}).substr(1);
     for (const std::string& data : {dir + "nowhere", dir}) {  // no folder; a folder without voice data
         for (const char* option : {"--wav", "--speak"}) {
             const std::vector<std::string> args = {"--seed", "1", option, dir + "b.wav"};
             const std::string r = run(std::vector<std::string>(args.begin(), args.end() - (option[2] == 's')), true,
-                                      "ESPEAK_DATA_PATH='" + data + "'");
-            EXPECT_THAT(r, StartsWith("3" + written));
+                                      "", "ESPEAK_DATA_PATH='" + data + "'");
+            EXPECT_THAT(r, StartsWith("3" + briefing));
             EXPECT_THAT(r, MatchesRegex("(.|\n)*\\|[^|]*no speech voice data[^|]*ESPEAK_DATA_PATH '" + data + "'[^|]*"));
         }
     }
     EXPECT_FALSE(std::filesystem::exists(dir + "b.wav"));
 }
 
-TEST_F(Brief, FoldersAndFilesWithColonsInTheirNames) {
-    sim = dir + "Flight: 2025/co:lon/";  // the weather found and decoded there, the aircraft read
+// The weather found and decoded in a folder with colons in its name, the aircraft read; a
+// weather file without a report of an airport of apt.dat warns.
+TEST_F(Brief, FoldersWithColonsAndAWeatherFileOfNoAirport) {
+    sim = dir + "Flight: 2025/co:lon/";
     SetUp();
     std::string acf = test_write_file(dir + "Flight: 2025/", "a:b.acf", sim_aircraft({}));
     EXPECT_THAT(run({"--aircraft", acf, "--seed", "1"}),
-                testing::AllOf(StartsWith("0|Hello, this is N172SP, a a:b, planning a flight from Albuquerque Intl"),
-                               HasSubstr("at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered"),
-                               testing::EndsWith("|")));
+                MatchesRegex("0\\|Hello, this is N172SP, a a:b, planning a flight from Albuquerque Intl.*"
+                             "at 1856 zulu, Albuquerque Intl is reporting skies 1000 scattered.*\\|"));
+    test_write_file(sim, "metar.rwx", "ZZZZ 121856Z 28015KT 10SM 18/12 A3001\n");
+    EXPECT_THAT(run({"--seed=1"}), MatchesRegex("0\\|Hello, this is .*\\|vocalog-brief: warning: no report in '" +
+                                                sim + "metar.rwx' is from an airport of apt.dat[^\n]*\n"));
 }
 
-TEST_F(Brief, AWeatherFileWithoutAnAirportsReportWarns) {
-    for (std::string metar : {"\n", "ZZZZ 121856Z 28015KT 10SM 18/12 A3001\n"}) {
-        test_write_file(sim, "metar.rwx", metar);
-        EXPECT_THAT(run({"--seed=1"}), MatchesRegex("0\\|Hello, this is .*\\|vocalog-brief: warning: no report in '" +
-                                                    sim + "metar.rwx' is from an airport of apt.dat[^\n]*\n"))
-            << metar;
-    }
-}
 
+// Every usage error, data failure and output target the options can meet.
 TEST_F(Brief, CommandLineEdges) {
     std::string fifo = dir + "fifo", ro = test_write_file(dir, "ro.txt", "kept"), empty = dir + "empty/";
+    std::string junk = test_write_file(sim + "Aircraft/", "Junk.acf", "not an aircraft");
     mkfifo(fifo.c_str(), 0644);
     chmod(ro.c_str(), 0444);
     std::filesystem::create_directories(empty + "Resources/Earth nav data");
@@ -226,29 +191,52 @@ TEST_F(Brief, CommandLineEdges) {
     int pipe_fds[2];
     ASSERT_EQ(pipe(pipe_fds), 0);
     close(pipe_fds[0]);  // a reader that has gone
-    const std::string usage_error = "2\\|\\|vocalog-brief: ", ok = "0\\|Hello, this is , a untitled, planning a flight ";
+    const std::string usage = "2\\|\\|vocalog-brief: ", ok = "0\\|Hello, this is , a untitled, planning a flight ";
     const struct { std::vector<std::string> args; bool base; std::string to, want; } rows[] = {
         {{}, false, "", "2\\|\\|usage: vocalog-brief --sim DIR .*"},
+        {{"--help"}, false, "", "0\\|usage: vocalog-brief --sim DIR --from CODE --to CODE.*\\|"},
+        {{"--sim", sim, "--to", "KSAF"}, false, "", usage + "missing --from .*"},
+        {{"--sim", sim, "--from", "KABQ"}, false, "", usage + "missing --to .*"},
+        {{"--bogus", "1"}, true, "", usage + "unknown option .*"},
+        {{"--out"}, true, "", usage + "option --out needs a value .*"},
         {{"--from", "KABQX"}, true, "", ok + "from Albuquerque Intl to Santa Fe Muni.*\\|"},
-        {{"--from", "kabq"}, true, "", usage_error + "no airport has the code 'kabq'; codes are case-sensitive: did "
-                                                   "you mean 'KABQ'[?] [(]see --help[)]\n"},
-        {{"--to", "ksafe"}, true, "", usage_error + "[^\n]*'ksafe'; codes are case-sensitive: did you mean 'KSAF'[?] .*"},
+        {{"--from", "kabq"}, true, "", usage + "no airport has the code 'kabq'; codes are case-sensitive: did "
+                                             "you mean 'KABQ'[?] [(]see --help[)]\n"},
+        {{"--to", "ksafe"}, true, "", usage + "[^\n]*'ksafe'; codes are case-sensitive: did you mean 'KSAF'[?] .*"},
+        {{"--to", "KXXX"}, true, "", usage + "no airport has the code 'KXXX' [(]see --help[)]\n"},
+        {{"--sim", dir + "no-such-folder"}, true, "", usage + "simulator folder .*"},
         {{"--sim", empty, "--from", "KABQ", "--to", "KSAF"}, false, "",
          "1\\|\\|vocalog-brief: '" + empty + "Resources/Earth nav data/apt.dat' holds no airports\n"},
-        {{"--aircraft", sim + "Aircraft"}, true, "", usage_error + "aircraft '" + sim + "Aircraft' is a folder, not an "
+        {{"--aircraft", dir + "none.acf"}, true, "", usage + "aircraft file .* does not exist .*"},
+        {{"--aircraft", sim + "Aircraft"}, true, "", usage + "aircraft '" + sim + "Aircraft' is a folder, not an "
                                                                    "aircraft file [(]see --help[)]\n"},
+        // An existing file that is no aircraft: the briefing without aircraft data and one warning line.
+        {{"--aircraft", junk}, true, "", "0\\|Hello, this is , a Junk, planning a flight from Albuquerque Intl to "
+                                         "Santa Fe Muni[.] Estimated time of departure will be 1926 zulu, at 5000 "
+                                         "feet.*\\|[^\n]*Junk.acf[^\n]*\n"},
         {{"--out", fifo}, true, "", "1\\|\\|vocalog-brief: cannot write '" + fifo + "': not a regular file\n"},
         {{"--out", ro}, true, "", "1\\|\\|vocalog-brief: cannot write '" + ro + "': Permission denied\n"},
         {{}, true, ">/dev/full", "1\\|\\|vocalog-brief: cannot write standard output: No space left on device\n"},
         {{}, true, ">&" + std::to_string(pipe_fds[1]), "1\\|\\|"},  // a closed pipe: quietly, not by a signal
         {{"--out", "-", "--altitude", "5500.5"}, true, "", ok + ".* at 5500 feet, .*\\|"},
-        {{"--altitude", "1e3"}, true, "", usage_error + "altitude '1e3' .*"},
-        {{"--altitude", "0x10"}, true, "", usage_error + "altitude .*"},
-        {{"--altitude", "+5"}, true, "", usage_error + "altitude .*"},
-        {{"--altitude", "inf"}, true, "", usage_error + "altitude .*"},
-        {{"--altitude", "1.2.3"}, true, "", usage_error + "altitude .*"},
+        {{"--altitude", "99999", "--seed", "4294967295"}, true, "",
+         ok + "from Albuquerque Intl to Santa Fe Muni[.] [^\n]* at 99999 feet, and requesting a standard[.]\n\n.*\\|"},
+        {{"--sim=" + sim, "--from=KAEG", "--to=KAEG", "--altitude=0", "--seed=0"}, false, "",
+         ok + "from Double Eagle II to Double Eagle II[.] Estimated time of departure will be 1926 zulu, at 0 feet.*"},
+        {{"--altitude", "100000"}, true, "", usage + "altitude '100000' .*"},
+        {{"--altitude", "-1"}, true, "", usage + "altitude '-1' .*"},
+        {{"--altitude", "1e3"}, true, "", usage + "altitude '1e3' .*"},  // no form a number reader takes beyond digits
+        {{"--altitude", "+5"}, true, "", usage + "altitude .*"},
+        {{"--altitude", "0x10"}, true, "", usage + "altitude .*"},
+        {{"--altitude", "high"}, true, "", usage + "altitude .*"},
+        {{"--altitude", "1.2.3"}, true, "", usage + "altitude .*"},
+        {{"--seed", "4294967296"}, true, "", usage + "seed .*"},
+        {{"--seed", "+3"}, true, "", usage + "seed .*"},
+        {{"--now", "2400"}, true, "", usage + "time .*"},
+        {{"--now", "1260"}, true, "", usage + "time .*"},
+        {{"--now", "930"}, true, "", usage + "time .*"},
     };
-    for (const auto& r : rows) EXPECT_THAT(run(r.args, r.base, "", true, r.to), MatchesRegex(r.want)) << r.want;
+    for (const auto& r : rows) EXPECT_THAT(run(r.args, r.base, r.to), MatchesRegex(r.want)) << r.want;
     close(pipe_fds[1]);
     EXPECT_EQ(test_read_file(ro), "kept");
     EXPECT_FALSE(std::filesystem::exists(dir + "xdg/Zephyra"));  // runs that only read leave no per-user folder
@@ -265,7 +253,7 @@ TEST_F(Brief, ControlCharactersAreShownOnATerminalOnly) {
     tcgetattr(slave, &raw);
     cfmakeraw(&raw);
     tcsetattr(slave, TCSANOW, &raw);
-    EXPECT_THAT(run({"--seed=1"}, true, "", true, ">&" + std::to_string(slave)), StartsWith("0||"));
+    EXPECT_THAT(run({"--seed=1"}, true, ">&" + std::to_string(slave)), StartsWith("0||"));
     close(slave);
     char shown[4096];
     ssize_t n = read(master, shown, sizeof shown);

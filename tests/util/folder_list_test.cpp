@@ -1,7 +1,6 @@
 // Folder listing: the type filter, hidden names, byte-wise order, the 1000-entry limit, long
 // names, and unreadable or unterminated work folders.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -61,17 +60,14 @@ TEST_F(FolderList, LongNamesAreCutVisiblyWhilePathsStayWhole) {
                                                     fits + " file " + fits}));
 }
 
+// A work folder in the suite's form, none, a file named as one, and one without its separator.
 TEST_F(FolderList, SuiteFormFoldersAndUnreadableOnes) {
     make({"Aircraft/Jets/Lear.acf", "Aircraft/Jets/Notes.txt", "plain.acf"});
     for (auto [folder, want] : {std::pair<S, int>{"Aircraft:Jets:", 1}, {"Missing:", 0}, {"plain.acf/", 0}}) {
-        str_join(dir.c_str(), folder.c_str(), work_folder());  // a suite-form path, none, a file named as one
+        str_join(dir.c_str(), folder.c_str(), work_folder());
         EXPECT_EQ(list_folder(FILE_TYPE_AIRCRAFT), want) << folder;
         EXPECT_EQ(S(want ? listing.path[0] : ""), want ? dir + "Aircraft:Jets:Lear.acf" : "") << folder;
     }
-}
-
-using FolderListDeathTest = FolderList;
-TEST_F(FolderListDeathTest, WorkFolderWithoutItsSeparatorIsFatal) {
     str_join(dir.c_str(), "Aircraft", work_folder());
     EXPECT_EXIT(list_folder(FILE_TYPE_AIRCRAFT), testing::ExitedWithCode(0),
                 testing::HasSubstr("Working path does not appear to be a directory!"));

@@ -89,14 +89,11 @@ TEST_F(Prefs, SaveWritesTheHeaderOfEachKindOrAlerts) {
     EXPECT_THAT(shown, HasSubstr(dir + "data.txt|"));
     EXPECT_EQ(test_read_file(dir + "data.txt"), "I\r\n600 version\r\n1.5 x\r\n2.500000");
     EXPECT_EQ(save("no such folder:x.prf", FILE_TYPE_PREFS, 3), "not saved");
-    EXPECT_EQ(shown, "I could not save the file! Could the directory that the file sits in be missing? Or flagged as "
-                     "READ-ONLY by the operating system? (Windows machines typically do this).|" + dir +
-                     "no such folder/x.prf|Could the file be flagged as read-only? This happens in Windows if you copy "
-                     "it from a CD!|Try putting this app in the background and then flag the file as NOT read-only, "
-                     "or creating the folder listed in the path above.");
+    EXPECT_THAT(shown,
+                testing::MatchesRegex("I could not save the file! .*[|]" + dir + "no such folder/x.prf[|].+[|].+"));
 }
 
-TEST_F(Prefs, LanguageAndResolutionRoundTrip) {
+TEST_F(Prefs, LanguageAndResolutionRoundTripAndCutFiles) {
     const struct { float w, h; int32_t version; float saved_w, saved_h, bits; int32_t full, lang; } rows[] = {
         {1280, 1024, 3, 1280, 1024, 32, 0, 2},  {800, 600, 3, 1024, 768, 24, 1, 5},
         {10000, 9999, 3, 1024, 9999, 32, 1, 0}, {1280, 1024, -999, 1024, 768, 16, 1, -1},  // wrong version
@@ -112,25 +109,22 @@ TEST_F(Prefs, LanguageAndResolutionRoundTrip) {
         ASSERT_EQ(prefs(PREF_LANG_RES, PREF_WRITE, path), 1);
         EXPECT_EQ(test_read_file(path), lang_res_bytes(r.saved_w, r.saved_h, r.bits, r.full, r.lang));
     }
+    // A file cut short keeps the default of every field whose 4 bytes are not all there: with no
+    // language the language chooser still shows.
+    const std::string whole = lang_res_bytes(1280, 1024, 32, 0, 2);
+    const struct { size_t bytes; float bits; int32_t full, lang; } cut[] = {
+        {25, 32, 0, 2}, {24, 32, 0, -1}, {21, 32, 0, -1}, {19, 32, 1, -1}, {13, 16, 1, -1}, {5, 16, 1, -1},
+    };
+    for (const auto& r : cut) {
+        SetUp();
+        EXPECT_EQ(prefs(PREF_LANG_RES, PREF_READ, test_write_file(dir, "cut.prf", whole.substr(0, r.bytes))), 1);
+        EXPECT_EQ((std::tuple{disp_bits, full_screen, language}), (std::tuple{r.bits, r.full, r.lang})) << r.bytes;
+    }
     // The shut-down step writes the record to the path prefs_init was given.
     prefs_init((dir + "lr.prf").c_str());
     saved_disp_width = 1280.0f, saved_disp_height = 1024.0f, saved_disp_bits = 32.0f, language = 3;
     MACIBM_shutdown();
     EXPECT_EQ(test_read_file(dir + "lr.prf"), lang_res_bytes(1280, 1024, 32, 1, 3));
-}
-
-// A file cut short keeps the default of every field whose 4 bytes are not all there: with no
-// language the language chooser still shows.
-TEST_F(Prefs, ACutLanguageAndResolutionFileKeepsTheDefaultsItLacks) {
-    const std::string whole = lang_res_bytes(1280, 1024, 32, 0, 2);
-    const struct { size_t bytes; float bits; int32_t full, lang; } rows[] = {
-        {25, 32, 0, 2}, {24, 32, 0, -1}, {21, 32, 0, -1}, {19, 32, 1, -1}, {13, 16, 1, -1}, {5, 16, 1, -1},
-    };
-    for (const auto& r : rows) {
-        SetUp();
-        EXPECT_EQ(prefs(PREF_LANG_RES, PREF_READ, test_write_file(dir, "cut.prf", whole.substr(0, r.bytes))), 1);
-        EXPECT_EQ((std::tuple{disp_bits, full_screen, language}), (std::tuple{r.bits, r.full, r.lang})) << r.bytes;
-    }
 }
 
 TEST_F(Prefs, SimulatorRecordAndItsConversions) {
