@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -79,7 +80,10 @@ static void setup() {
         fprintf(stderr, "fuzz_readers: set VOCALOG_FUZZ_READER to apt, weather, aircraft, prefs, bitmap, menu or text\n");
         exit(2);
     }
-    dir = "/tmp/vocalog-fuzz-" + std::to_string(getpid()) + "/";
+    struct stat shm;  // in memory where there is a memory file system: each run writes its input
+    dir = stat("/dev/shm", &shm) == 0 && S_ISDIR(shm.st_mode) ? "/dev/shm" : "/tmp";
+    dir += "/vocalog-fuzz-" + std::to_string(getpid()) + "/";
+    atexit([] { std::filesystem::remove_all(dir); });
     for (const char* sub : {"", "Resources/", "Resources/bitmaps/", "Resources/menus/", "Resources/menus/english/",
                             "Resources/menus/korean/"})
         mkdir((dir + sub).c_str(), 0755);
