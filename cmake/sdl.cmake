@@ -13,6 +13,17 @@ add_library(vocalog_platform_sdl STATIC ${VOCALOG_POSIX_SOURCES} ${VOCALOG_SDL_S
 target_include_directories(vocalog_platform_sdl PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(vocalog_platform_sdl PUBLIC PkgConfig::SDL2 ${CMAKE_DL_LIBS})
 
+# The command-line layer: no window, and SDL's audio output opened only when a sound plays, so
+# that a briefing starts without loading SDL and the libraries behind it.
+set(VOCALOG_CLI_PLATFORM_SOURCES ${VOCALOG_NULL_SOURCES})
+list(FILTER VOCALOG_CLI_PLATFORM_SOURCES EXCLUDE REGEX "null_audio\\.cpp$")
+add_library(vocalog_platform_cli STATIC ${VOCALOG_POSIX_SOURCES} ${VOCALOG_CLI_PLATFORM_SOURCES}
+            ${CMAKE_SOURCE_DIR}/platform/sdl/sdl_audio.cpp)
+target_compile_definitions(vocalog_platform_cli PRIVATE VOCALOG_SDL_AUDIO_LOADED)
+target_include_directories(vocalog_platform_cli PUBLIC ${CMAKE_SOURCE_DIR}
+                           PRIVATE $<TARGET_PROPERTY:PkgConfig::SDL2,INTERFACE_INCLUDE_DIRECTORIES>)
+target_link_libraries(vocalog_platform_cli PUBLIC ${CMAKE_DL_LIBS})
+
 # The program's code with the windowed layer. GL entry points come through SDL's look-up,
 # so no GL library is linked; the GL headers are all that is needed.
 add_library(vocalog_gui INTERFACE)
