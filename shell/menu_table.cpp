@@ -14,18 +14,25 @@ float menu_next_x = MENU_BAR_FIRST_X;
 
 static constexpr MenuRect unused_rect = {MENU_UNUSED, MENU_UNUSED, MENU_UNUSED, MENU_UNUSED};
 
-// Menus below this index may differ from the reset state (2.7 MB in all; a menu file builds a
-// handful), so a reset touches only those. The zeroed table at start is not the reset state.
-static int32_t menus_touched = MENU_COUNT;
+// Menus from this index on are unwritten since the last reset (or since the start): they read
+// as unused (an empty title) and are put in the reset state only when a menu is built there,
+// so a reset touches the few menus a file builds, not the whole 2.7 MB table.
+static int32_t menus_touched = 0;
+
+static void reset_menu(Menu& m) {
+    memset(&m, 0, sizeof m);
+    m.parent = -1;
+    m.rect = unused_rect;
+    for (MenuItem& it : m.items) it.rect = unused_rect;
+}
+
+static Menu& touch(int32_t index) {
+    while (menus_touched <= index) reset_menu(menu_table[menus_touched++]);
+    return menu_table[index];
+}
 
 void menus_reset() {
-    for (int32_t i = 0; i < menus_touched; ++i) {
-        Menu& m = menu_table[i];
-        memset(&m, 0, sizeof m);
-        m.parent = -1;
-        m.rect = unused_rect;
-        for (MenuItem& it : m.items) it.rect = unused_rect;
-    }
+    for (int32_t i = 0; i < menus_touched; ++i) reset_menu(menu_table[i]);
     menus_touched = 0;
     menu_next_x = MENU_BAR_FIRST_X;
     open_menu = -1;
@@ -40,8 +47,7 @@ void MACIBM_create_menu(int32_t index, int32_t parent_code, const char* title) {
     if (index < 0 || index >= MENU_COUNT) MACIBM_fatal("Menu index out of range in MACIBM_create_menu!", "", "", title);
     if (parent_code < 0 || parent_code / 100 >= MENU_COUNT)
         MACIBM_fatal("Parent code out of range in MACIBM_create_menu!", "", "", title);
-    menus_touched = std::max(menus_touched, index + 1);
-    Menu& m = menu_table[index];
+    Menu& m = touch(index);
     strcpy(m.title, title);
     if (parent_code == 0) {
         m.parent = -1;
@@ -67,8 +73,7 @@ void append_menu(int32_t menu, int32_t item, int32_t command, const char* label,
     if (item < 0 || item >= MENU_ITEMS) MACIBM_fatal("Item index out of range in append_menu!", "", "", label);
     if (strnlen(label, MENU_NAME_LIMIT) >= (size_t)MENU_NAME_LIMIT)  // bytes, also for two-byte glyphs
         MACIBM_fatal("Menu name too long in append_menu!", "", "", label);
-    menus_touched = std::max(menus_touched, menu + 1);
-    Menu& m = menu_table[menu];
+    Menu& m = touch(menu);
     MenuItem& added = m.items[item];
     strcpy(added.label, label);
     added.command = command;

@@ -38,7 +38,7 @@ struct Menu {
 extern Menu menu_table[MENU_COUNT];
 extern float menu_next_x;  // left edge of the next title on the bar
 
-// Every menu unused, every rectangle MENU_UNUSED, no menu open.
+// Every menu unused (an empty title; a menu is laid out afresh when built), no menu open.
 void menus_reset();
 
 // Menu `index` named `title`: parent code 0 puts it on the bar, else it hangs off item
