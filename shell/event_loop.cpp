@@ -187,10 +187,13 @@ static void run_pass() {
 
 void MACIBM_event_pass() {
     run_pass();
+    if (quit_requested) return;  // the loop ends: no wait for a next pass
     // The motion of everything drawn since the last pace, modal loops' own drawing included.
     uint32_t interval = window_painted ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn)
                                        : PASS_MIN_INTERVAL_US;
     paced_motion = OGL_pulse_drawn;
     OGL_pulse_drawn = OGL_STILL;
-    plat_pace(interval, interval != PASS_MIN_INTERVAL_US);
+    // Until the window is first painted a pass draws nothing: the message that paints it ends
+    // the wait, so the first frame follows it at once.
+    plat_pace(interval, !window_painted || interval != PASS_MIN_INTERVAL_US);
 }
