@@ -127,8 +127,9 @@ static void read_file(uint8_t mode) {
         brief_read_sim_prefs(path);
         fio_prefs(PREF_LANG_RES, PREF_READ, path);
         break;
-    case BITMAP: {  // the first byte picks composing or a texture, and the texture's filter
+    case BITMAP: {  // the first byte picks composing or a texture, the texture's filter and the driver's limit
         gl_rec().clear_log();
+        gl_rec().integers[GL_MAX_TEXTURE_SIZE] = 1024 >> ((mode >> 5) & 3);  // below 1024, pictures are reduced
         const int32_t filter = BMP_GREY_ALPHA_MIP + (mode >> 1) % (BMP_RGB - BMP_GREY_ALPHA_MIP + 1);
         if (mode & 1) OGL_texbmp(BMP_COMPOSE, 0, BMP_RGB, "fuzz", nullptr, nullptr);
         else OGL_texbmp(BMP_TEXTURE, TEX_SHEET, filter, "fuzz", nullptr, nullptr);
