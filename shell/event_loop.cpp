@@ -187,7 +187,9 @@ static void run_pass() {
 
 void MACIBM_event_pass() {
     run_pass();
-    if (quit_requested) return;  // the loop ends: no wait for a next pass
+    // The main loop ends: no wait for a next pass. A modal loop (an alert, a file dialog) goes on
+    // until closed, so it keeps its pace.
+    if (quit_requested && !screen_is_modal(cur_screen)) return;
     // The motion of everything drawn since the last pace, modal loops' own drawing included.
     uint32_t interval = window_painted ? pass_interval_us(ShellInput.elapsed_secs, last_message_secs, OGL_pulse_drawn)
                                        : PASS_MIN_INTERVAL_US;
