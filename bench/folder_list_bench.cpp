@@ -41,6 +41,7 @@ static const std::string& folder_of(int entries) {
     static int made = -1;
     if (made != entries) {
         if (!dir.empty()) (void)!system(("rm -rf '" + dir + "'").c_str());
+        else atexit([] { (void)!system(("rm -rf '" + dir + "'").c_str()); });  // the last one too
         dir = make_folder(entries);
         made = entries;
     }

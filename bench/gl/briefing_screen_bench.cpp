@@ -32,9 +32,14 @@ static double cpu_secs(clockid_t clock) {
 // shows no language chooser; the program folder is this benchmark's own (the build folder).
 static void user_folder_with_prefs() {
     namespace fs = std::filesystem;
-    fs::path home = fs::temp_directory_path() / ("vocalog-pass-bench-" + std::to_string(getpid()));
+    static const fs::path home = fs::temp_directory_path() / ("vocalog-pass-bench-" + std::to_string(getpid()));
     bench_write_lang_res(home);
     setenv("XDG_DATA_HOME", home.c_str(), 1);
+    static const int removed_at_exit = atexit([] {
+        std::error_code ec;
+        fs::remove_all(home, ec);
+    });
+    (void)removed_at_exit;
 }
 
 static int32_t airport(const char* code) {
