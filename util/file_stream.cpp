@@ -321,32 +321,28 @@ static bool quick_float(const char* p, const char* end, float* out) {
 }
 
 // The same for a token without an exponent, scanned and converted in one pass: the end of
-// the token, or null when it is not such a token or needs the general conversion.
+// the token, or null when it is not such a token or needs the general conversion. A token of
+// at most 15 digits has at most 15 significant ones; a longer one (rare in the data files)
+// takes the general conversion, which counts them.
 static const unsigned char* one_pass_float(const unsigned char* p, float* out) {
     bool negative = *p == '-';
     if (*p == '+' || *p == '-') ++p;
     uint64_t m = 0;
-    int sig = 0, scale = 0;
+    int scale = 0;
     const unsigned char* first = p;
-    for (; is_digit(*p); ++p) {
-        uint64_t d = (uint64_t)(*p - '0');
-        sig += (m | d) != 0;
-        m = m * 10 + d;
-    }
+    for (; is_digit(*p); ++p) m = m * 10 + (uint64_t)(*p - '0');
+    int digits = (int)(p - first);
     if (*p == '.') {
         const unsigned char* f = ++p;
-        for (; is_digit(*p); ++p) {
-            uint64_t d = (uint64_t)(*p - '0');
-            sig += (m | d) != 0;
-            m = m * 10 + d;
-        }
+        for (; is_digit(*p); ++p) m = m * 10 + (uint64_t)(*p - '0');
         scale = -(int)(p - f);
-        if (p - first == 1) return nullptr;  // "." alone
-    } else if (p == first) {
+        digits -= scale;
+        if (digits == 0) return nullptr;  // "." alone
+    } else if (digits == 0) {
         return nullptr;
     }
-    if (*p == 'e' || *p == 'E') return nullptr;
-    return exact_float(m, sig, scale, negative, out) ? p : nullptr;
+    if (*p == 'e' || *p == 'E' || digits > 15) return nullptr;
+    return exact_float(m, digits, scale, negative, out) ? p : nullptr;
 }
 
 bool fs_read_float(FileStream* s, float* out) {
