@@ -74,9 +74,10 @@ int main() {
     progress_set(paced_progress);
     brief_load_world();
     if (env_on("VOCALOG_TRACE")) screen_draw = draw_and_trace;
-    app_set_hooks(env_on("VOCALOG_EXIT_AFTER_FIRST_FRAME") ? draw_then_quit : screen_draw, nullptr, brief_write_file);
+    const bool first_frame_only = env_on("VOCALOG_EXIT_AFTER_FIRST_FRAME");
+    app_set_hooks(first_frame_only ? draw_then_quit : screen_draw, nullptr, brief_write_file);
     while (!quit_requested) MACIBM_event_pass();
-    if (env_on("VOCALOG_EXIT_AFTER_FIRST_FRAME")) {  // when it was presented, on the system's monotonic clock
+    if (first_frame_only) {  // when it was presented, on the system's monotonic clock
         timespec ts{};
         clock_gettime(CLOCK_MONOTONIC, &ts);
         printf("first frame %.3f ms\n", (double)ts.tv_sec * 1e3 + (double)ts.tv_nsec * 1e-6);

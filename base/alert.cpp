@@ -109,7 +109,7 @@ void MACIBM_fatal(const char* line1, const char* line2, const char* line3, const
 }
 
 void alert_replay(const DeferredAlerts& alerts) {
-    for (int32_t k = 0; k < alerts.count && k < ALERT_DEFERRED_MAX; ++k) {
+    for (int32_t k = 0; k < alerts.count; ++k) {
         const auto& l = alerts.lines[k];
         MACIBM_alert(0, l[0], l[1], l[2], l[3], alerts.kind[k]);
     }

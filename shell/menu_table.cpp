@@ -14,9 +14,9 @@ float menu_next_x = MENU_BAR_FIRST_X;
 
 static constexpr MenuRect unused_rect = {MENU_UNUSED, MENU_UNUSED, MENU_UNUSED, MENU_UNUSED};
 
-// Menus from this index on are unwritten since the last reset (or since the start): they read
-// as unused (an empty title) and are put in the reset state only when a menu is built there,
-// so a reset touches the few menus a file builds, not the whole 2.7 MB table.
+// Menus from this index on have never been written: they read as unused (an empty title) and
+// are put in the reset state only when a menu is first built there, so a reset touches the few
+// menus the files build, not the whole 2.7 MB table.
 static int32_t menus_touched = 0;
 
 static void reset_menu(Menu& m) {
@@ -33,7 +33,6 @@ static Menu& touch(int32_t index) {
 
 void menus_reset() {
     for (int32_t i = 0; i < menus_touched; ++i) reset_menu(menu_table[i]);
-    menus_touched = 0;
     menu_next_x = MENU_BAR_FIRST_X;
     open_menu = -1;
 }

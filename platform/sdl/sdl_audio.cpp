@@ -22,11 +22,18 @@
     X(SDL_PauseAudioDevice) \
     X(SDL_CloseAudioDevice)
 
-static struct {
+struct SdlCalls {
 #define SLOT(name) decltype(&::name) name;
     SDL_AUDIO_CALLS(SLOT)
 #undef SLOT
-} sdl;
+};
+#ifdef VOCALOG_SDL_AUDIO_LOADED
+static SdlCalls sdl;  // filled when a sound is first played
+#else
+#define ADDRESS(name) &::name,
+static const SdlCalls sdl = {SDL_AUDIO_CALLS(ADDRESS)};
+#undef ADDRESS
+#endif
 
 static const int device_samples = 512;  // samples per pull: about 23 ms at 22050 a second
 
@@ -47,7 +54,7 @@ static bool sdl_ready() {
                  SDL_LIBRARY);
         return false;
     }
-    decltype(sdl) found{};
+    SdlCalls found{};
 #define FIND(name)                                                                                       \
     if (!(found.name = (decltype(&name))dlsym(lib, #name))) {                                            \
         snprintf(error_text, sizeof error_text, "no audio output: %s lacks %s", SDL_LIBRARY, #name);     \
@@ -59,14 +66,7 @@ static bool sdl_ready() {
     return true;
 }
 #else
-static bool sdl_ready() {
-    if (!sdl.SDL_CloseAudioDevice) {
-#define TAKE(name) sdl.name = name;
-        SDL_AUDIO_CALLS(TAKE)
-#undef TAKE
-    }
-    return true;
-}
+static bool sdl_ready() { return true; }
 #endif
 
 static void SDLCALL feed(void* userdata, Uint8* stream, int bytes) {
