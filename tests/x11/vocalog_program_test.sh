@@ -4,7 +4,8 @@
 # apt.dat with "untitled.acf" and 5000 feet; the aircraft button's chooser picks an aircraft; a
 # typed code moves the departure; the briefing
 # button composes; File > write shows the note alert and writes Vocalog.txt; File > quit ends
-# with status 0 and the language saved; a second start skips the chooser.
+# with status 0 and the language saved; a second start skips the chooser; without a display the
+# program says so and ends with status 1.
 # usage: vocalog_program_test.sh VOCALOG_PROGRAM   (runs itself under xvfb-run)
 set -euo pipefail
 program=$1
@@ -69,4 +70,9 @@ prefs="$XDG_DATA_HOME/Zephyra/Corvane 6 Language & Res.prf"
 start                              # a second start goes straight to the briefing screen
 await "screen departure=$first"
 quit
+
+status=0                           # no display: said, and status 1 (not an invisible window)
+env -u DISPLAY -u WAYLAND_DISPLAY timeout -s KILL 30 "$program" > /dev/null 2> err.txt || status=$?
+[ "$status" = 1 ] || fail "without a display the program ended with status $status"
+grep -q "no display" err.txt || fail "without a display the program did not say so"
 echo "vocalog: chooser, pickers, briefing, file and quit all worked in a real window"
