@@ -131,7 +131,7 @@ static void BM_StartToBriefingScreen(benchmark::State& state) {
     state.counters["minimal_exit_ms"] = median(minimal_exit) * 1e3;
     fs::remove_all(dir);
 }
-BENCHMARK(BM_StartToBriefingScreen)->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_StartToBriefingScreen)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // User plus system CPU seconds of a process, all its threads.
 static double process_cpu_secs(pid_t pid) {
