@@ -37,8 +37,9 @@ static void load_driver(void* vendor) {
     dlopen(path, RTLD_NOW | RTLD_LOCAL);
 }
 
-// Mesa's libraries only where Mesa draws: GLVND's vendor override names another vendor, or
-// NVIDIA's kernel driver is loaded (its own GL library then draws), and only libGL is loaded.
+// Whether Mesa will draw: not where GLVND's vendor override names another vendor, nor where
+// NVIDIA's kernel driver is loaded (NVIDIA's own GL library draws there). Otherwise only libGL
+// is loaded ahead.
 static bool mesa_draws() {
     const char* vendor = getenv("__GLX_VENDOR_LIBRARY_NAME");
     if (vendor && *vendor && strcmp(vendor, "mesa") != 0) return false;
