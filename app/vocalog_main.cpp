@@ -61,17 +61,15 @@ static bool env_on(const char* name) {
     return v && strcmp(v, "1") == 0;
 }
 
-[[noreturn]] static void no_display() {
-    fprintf(stderr,
-            "vocalog: no display to open a window on (is DISPLAY set?). For the command-line "
-            "briefer, run vocalog-brief.\n");
-    exit(1);
-}
-
 int main() {
+    if (!plat_display_present()) {
+        fprintf(stderr,
+                "vocalog: no display to open a window on (is DISPLAY set?). For the command-line "
+                "briefer, run vocalog-brief.\n");
+        return 1;
+    }
     brief_screen_install();
-    app_set_start_work(brief_scan_start);  // apt.dat is read while SDL, the window and GL come up
-    app_set_no_display(no_display);
+    app_set_start_work(brief_scan_start);  // apt.dat is read while the window and GL come up
     MACIBM_init();
     progress_set(paced_progress);
     brief_load_world();

@@ -5,7 +5,6 @@ static AppDrawFn draw_fn = nullptr;
 static AppKeyFn key_fn = nullptr;
 static AppMenuFn menu_fn = nullptr;
 static AppStartFn start_fn = nullptr;
-static AppNoDisplayFn no_display_fn = nullptr;
 
 void app_set_hooks(AppDrawFn draw, AppKeyFn key, AppMenuFn menu_cmd) {
     draw_fn = draw;
@@ -29,10 +28,4 @@ void app_set_start_work(AppStartFn fn) { start_fn = fn; }
 
 void app_start_work() {
     if (start_fn) start_fn();
-}
-
-void app_set_no_display(AppNoDisplayFn fn) { no_display_fn = fn; }
-
-void app_no_display() {
-    if (no_display_fn) no_display_fn();
 }

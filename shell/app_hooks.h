@@ -19,10 +19,3 @@ void app_menu_cmd(int32_t command);             // a menu item was picked
 using AppStartFn = void (*)();
 void app_set_start_work(AppStartFn fn);
 void app_start_work();
-
-// What the application does when there is no display to open its window on (SDL would fall
-// back to an invisible offscreen one). Start-up asks right after starting the work above, so
-// that work runs beside SDL's own start too. Not installed: start-up goes on.
-using AppNoDisplayFn = void (*)();
-void app_set_no_display(AppNoDisplayFn fn);
-void app_no_display();

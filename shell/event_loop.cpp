@@ -7,6 +7,7 @@
 #include "graphics/design_space.h"
 #include "graphics/gl_state.h"
 #include "graphics/primitives.h"
+#include "graphics/qgl.h"
 #include "graphics/textures.h"
 #include "platform/platform.h"
 #include "shell/app_hooks.h"
@@ -177,6 +178,9 @@ static void run_pass() {
 
     if (!screen_is_modal(cur_screen)) {  // modal screens draw in their own loops
         OGL_draw_background();
+        // The background goes to the renderer at once: a software renderer rasterises it on its
+        // own threads while the rest of the frame is drawn, instead of all of it at the swap.
+        qglFlush();
         app_draw();
     }
     if (cur_screen == SCREEN_MAIN || open_menu >= 0) MACIBM_draw_menus();

@@ -9,7 +9,6 @@
 #include "graphics/gl_state.h"
 #include "graphics/textures.h"
 #include "kit/faces.h"
-#include "platform/platform.h"
 #include "shell/alert_window.h"
 #include "shell/event_loop.h"
 #include "shell/app_hooks.h"
@@ -65,7 +64,6 @@ void MACIBM_init() {
     fio_prefs(PREF_LANG_RES, PREF_READ, path);
     design_space_fit();
     app_start_work();
-    if (!plat_display_present()) app_no_display();
 
     window_set_proc(MACIBM_window_proc);
     file_chooser_install();

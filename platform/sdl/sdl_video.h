@@ -3,7 +3,6 @@
 #include <SDL.h>
 
 bool sdl_video_up();  // starts SDL's video subsystem once; false when it cannot
-void sdl_gl_preload_start();  // the GL driver's libraries loaded on a worker (X11 only)
 SDL_Window* sdl_window();
 
 // The colour depth of a display mode's pixel format as the system's own display settings

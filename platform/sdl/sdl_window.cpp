@@ -12,15 +12,8 @@ static bool mode_pending = false;  // a switch was asked for and is made with th
 static SDL_DisplayMode pending_mode{};
 static int depth_asked = 32;  // the depth buffer the window was created for
 
-// The event subsystem first: its start loads and unloads D-Bus, and would wait for the
-// dynamic loader while the driver's libraries load.
 bool sdl_video_up() {
     if (SDL_WasInit(SDL_INIT_VIDEO)) return true;
-    if (SDL_InitSubSystem(SDL_INIT_EVENTS) != 0) {
-        fprintf(stderr, "SDL events: %s\n", SDL_GetError());
-        return false;
-    }
-    sdl_gl_preload_start();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         fprintf(stderr, "SDL video: %s\n", SDL_GetError());
         return false;
