@@ -30,19 +30,21 @@ if(TARGET test_gl AND TARGET vocalog_art)
 endif()
 
 # Real X input (xdotool on a private Xvfb display) through the window program's whole path.
+# The X tests run one at a time: two `xvfb-run -a` started together can pick the same display
+# number, and then one test's windows land on the other's server and vanish with it.
 find_program(VOCALOG_XVFB_RUN xvfb-run)
 find_program(VOCALOG_XDOTOOL xdotool)
 if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog-gl-check)
   add_test(NAME X11.WindowInputArrivesAsTyped
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/window_input_test.sh $<TARGET_FILE:vocalog-gl-check>)
-  set_tests_properties(X11.WindowInputArrivesAsTyped PROPERTIES TIMEOUT 90)
+  set_tests_properties(X11.WindowInputArrivesAsTyped PROPERTIES TIMEOUT 90 RESOURCE_LOCK xvfb)
 endif()
 
 # The whole windowed program driven like a pilot would: chooser, pickers, briefing, file, quit.
 if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog)
   add_test(NAME X11.VocalogWholeProgram
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/vocalog_program_test.sh $<TARGET_FILE:vocalog>)
-  set_tests_properties(X11.VocalogWholeProgram PROPERTIES TIMEOUT 300)
+  set_tests_properties(X11.VocalogWholeProgram PROPERTIES TIMEOUT 300 RESOURCE_LOCK xvfb)
 endif()
 
 # The file chooser behind the aircraft button, in a real X window: a small program of its own,
@@ -55,5 +57,5 @@ endif()
 if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog_art)
   add_test(NAME X11.FileChooserWalksPicksAndCancels
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/x11/file_chooser_test.sh $<TARGET_FILE:vocalog-chooser-check>)
-  set_tests_properties(X11.FileChooserWalksPicksAndCancels PROPERTIES TIMEOUT 120)
+  set_tests_properties(X11.FileChooserWalksPicksAndCancels PROPERTIES TIMEOUT 120 RESOURCE_LOCK xvfb)
 endif()
