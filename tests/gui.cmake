@@ -30,8 +30,8 @@ if(TARGET test_gl AND TARGET vocalog_art)
 endif()
 
 # Real X input (xdotool on a private Xvfb display) through the window program's whole path.
-# The X tests run one at a time: two `xvfb-run -a` started together can pick the same display
-# number, and then one test's windows land on the other's server and vanish with it.
+# The X tests run one at a time, each on its own server: once, started beside the whole-program
+# test on a loaded machine, the chooser test's program found no X server behind its DISPLAY.
 find_program(VOCALOG_XVFB_RUN xvfb-run)
 find_program(VOCALOG_XDOTOOL xdotool)
 if(VOCALOG_XVFB_RUN AND VOCALOG_XDOTOOL AND TARGET vocalog-gl-check)

@@ -14,12 +14,12 @@ if [ -z "${VOCALOG_IN_XVFB:-}" ]; then
   exec xvfb-run -a -s "-screen 0 1024x768x24" "$0" "$@"
 fi
 work=$(mktemp -d)
+pid=0
 trap 'kill -9 $pid 2>/dev/null || true; rm -rf "$work"' EXIT
 cd "$work"
 export XDG_DATA_HOME=$work/home VOCALOG_TRACE=1 ASAN_OPTIONS=detect_leaks=0
 apt="$(dirname "$program")/Resources/Earth nav data/apt.dat"
 first=$(awk '$1 == 1 { print $5; exit }' "$apt")
-pid=0
 
 fail() { echo "FAIL: $*"; echo "--- output"; cat out.txt; echo "--- errors"; tail -20 err.txt; exit 1; }
 # Waits up to 30 s for a line of the trace matching the pattern.
