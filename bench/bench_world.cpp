@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <unistd.h>
 #include <vector>
 
@@ -120,26 +121,30 @@ bool bench_world_make(const std::string& dir, int airports, int runways, int rep
     return write_reports(dir + "metar.rwx", g, list, reports);
 }
 
+// Every temporary folder made here goes, with all it holds, when the benchmark program ends.
+static std::vector<std::string>& temp_dirs() {
+    static std::vector<std::string> dirs;
+    return dirs;
+}
+
+static void remove_temp_dirs() {
+    for (const std::string& d : temp_dirs()) std::filesystem::remove_all(d);
+}
+
 std::string bench_world_temp_dir() {
     const char* base = getenv("TMPDIR");
     std::string tmpl = std::string(base && *base ? base : "/tmp") + "/vocalog-bench-XXXXXX";
     if (!mkdtemp(tmpl.data())) abort();
+    if (temp_dirs().empty()) atexit(remove_temp_dirs);
+    temp_dirs().push_back(tmpl);
     return tmpl + "/";
 }
 
 static std::string full_dir;
 
-// The full-size world's files and folder go when the benchmark program ends.
-static void remove_full_world() {
-    remove((full_dir + "apt.dat").c_str());
-    remove((full_dir + "metar.rwx").c_str());
-    rmdir(full_dir.c_str());
-}
-
 const std::string& bench_world_full() {
     if (full_dir.empty()) {
         full_dir = bench_world_temp_dir();
-        atexit(remove_full_world);
         if (!bench_world_make(full_dir, BENCH_WORLD_AIRPORTS, BENCH_WORLD_RUNWAYS, BENCH_WORLD_REPORTS)) abort();
     }
     return full_dir;

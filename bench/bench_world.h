@@ -14,7 +14,8 @@ constexpr int BENCH_WORLD_REPORTS = 6000;
 // Returns false when a file cannot be written.
 bool bench_world_make(const std::string& dir, int airports, int runways, int reports);
 
-// A fresh folder under the system's temporary folder, with a trailing '/'.
+// A fresh folder under the system's temporary folder, with a trailing '/'; it is removed, with
+// all it holds, when the program ends.
 std::string bench_world_temp_dir();
 
 // The full-size world, written once per process into a temporary folder; returns the folder.

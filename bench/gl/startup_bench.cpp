@@ -49,12 +49,6 @@ static std::string stage(const char* name, bool weather) {
     return dir.string() + "/";
 }
 
-// Removes a staged program folder with the temporary folder that holds it.
-static void unstage(const std::string& dir) {
-    const fs::path staged = fs::path(dir).parent_path();  // `dir` ends in '/'
-    fs::remove_all(staged.parent_path());
-}
-
 // Starts `program` in `dir` with `extra` added to the environment, standard output to
 // dir/out.txt. Returns the process id, or -1.
 static pid_t start(const std::string& program, const std::string& dir, std::vector<std::string> extra) {
@@ -128,7 +122,6 @@ static void BM_StartToBriefingScreen(benchmark::State& state) {
         vocalog.push_back(v.frame), vocalog_exit.push_back(v.exit);
         state.SetIterationTime(v.frame);
     }
-    unstage(dir);
     if (vocalog.empty()) return;
     double mv = median(vocalog), mm = median(minimal);
     state.counters["vocalog_median_ms"] = mv * 1e3;
@@ -182,7 +175,6 @@ static void idle_share(benchmark::State& state, const char* name, bool weather) 
         state.SetIterationTime(w1 - w0);
         state.counters["cpu_share_pct"] = 100.0 * (c1 - c0) / (w1 - w0);
     }
-    unstage(dir);
 }
 
 // The briefing screen open, nothing but the search cursors pulsing.
