@@ -52,8 +52,10 @@ static void draw_items(const Menu& m, int32_t under, bool korean) {
             OGL_draw_line(PAL_MENU_SHADE, 1.0f, r.left, r.bottom + 1.0f, r.right - 1.0f, r.bottom + 1.0f);
             OGL_draw_line(PAL_MENU_LIGHT, 1.0f, r.left, r.bottom, r.right - 1.0f, r.bottom);
         } else if (it.label[0] != '=') {
-            OGL_draw_string(k == under ? (int32_t)COLOR_WHITE : (int32_t)PAL_MENU_INK, r.left + LABEL_INDENT, r.bottom + lift, it.label,
-                            FONT_NO_WRAP, it.korean ? FACE_KOREAN : FACE_MENU);
+            int32_t ink = PAL_MENU_INK;
+            if (k == under) ink = COLOR_WHITE;
+            OGL_draw_string(ink, r.left + LABEL_INDENT, r.bottom + lift, it.label, FONT_NO_WRAP,
+                            it.korean ? FACE_KOREAN : FACE_MENU);
         }
     }
 }
